@@ -1,0 +1,291 @@
+#pragma once
+// The DAO-like API the screens use: Database, Recordset, Field, TableDef, Index and their collections,
+// with the constants under their DAO names.
+#include "core/jet/Ast.h"
+#include "core/jet/Catalogo.h"
+#include "core/vb/Error.h"
+#include "core/vb/Variant.h"
+
+#include <QString>
+#include <memory>
+#include <optional>
+#include <vector>
+
+struct sqlite3;
+struct sqlite3_stmt;
+
+namespace dao {
+
+enum : int {
+    dbBoolean = 1, dbByte = 2, dbInteger = 3, dbLong = 4, dbCurrency = 5, dbSingle = 6, dbDouble = 7,
+    dbDate = 8, dbBinary = 9, dbText = 10, dbLongBinary = 11, dbMemo = 12, dbGUID = 15
+};
+enum : int { dbFixedField = 1, dbVariableField = 2, dbAutoIncrField = 16, dbUpdatableField = 32 };
+enum : int { dbFailOnError = 128, dbSeeChanges = 512 };
+enum : int { dbOpenTable = 1, dbOpenDynaset = 2, dbOpenSnapshot = 4, dbOpenForwardOnly = 8 };
+enum : int { dbEditNone = 0, dbEditInProgress = 1, dbEditAdd = 2 };
+enum : int { dbVersion40 = 64 };
+inline const QString dbLangSpanish = QStringLiteral(";LANGID=0x040A;CP=1252;COUNTRY=0");
+
+class Database;
+class Recordset;
+class TableDef;
+
+// A field: either a column of an open recordset (with a Value) or a field definition of a table.
+class Field {
+public:
+    Field() = default;
+    explicit Field(jet::CampoDef def) : def_(std::move(def)) {}
+
+    const QString& Name() const { return def_.nombre; }
+    int Type() const { return static_cast<int>(def_.tipo); }
+    int Size() const { return def_.tamano; }
+    int Attributes() const { return def_.atributos; }
+    bool Required() const { return def_.requerido; }
+    bool AllowZeroLength() const { return def_.permiteLongitudCero; }
+    const QString& DefaultValue() const { return def_.predeterminado; }
+    int OrdinalPosition() const { return def_.ordinal; }
+    QString SourceTable() const { return origenTabla_; }
+
+    // A definition not yet appended may be shaped freely; an appended table's field changes the schema.
+    void setName(const QString& n) { def_.nombre = n; }
+    void setAttributes(int a);
+    void setRequired(bool r);
+    void setDefaultValue(const QString& v);
+    void setAllowZeroLength(bool z) { def_.permiteLongitudCero = z; }
+    void setSize(int s) { def_.tamano = s; }
+
+    vb::Variant Value() const;
+    void setValue(const vb::Variant& v);
+    Field& operator=(const vb::Variant& v) { setValue(v); return *this; }
+
+    const jet::CampoDef& definicion() const { return def_; }
+
+private:
+    friend class Recordset;
+    friend class TableDef;
+    friend class FieldsCollection;
+    friend class TableDefsCollection;
+    jet::CampoDef def_;
+    QString origenTabla_;
+    Recordset* rs_ = nullptr;
+    int indice_ = -1;
+    TableDef* tabla_ = nullptr;
+};
+
+class FieldsCollection {
+public:
+    int Count() const { return static_cast<int>(campos_.size()); }
+    Field& operator[](int i);                       // 3265 out of range
+    Field& operator[](const QString& nombre);       // case-blind; 3265 if absent
+    Field* busca(const QString& nombre);
+    void Append(const Field& f);                    // on a table definition
+    void Refresh() {}
+    auto begin() { return campos_.begin(); }
+    auto end() { return campos_.end(); }
+
+private:
+    friend class Recordset;
+    friend class TableDef;
+    friend class TableDefsCollection;
+    friend class Database;
+    std::vector<std::unique_ptr<Field>> campos_;
+    TableDef* tabla_ = nullptr;
+};
+
+class Index {
+public:
+    Index() = default;
+    explicit Index(jet::IndiceDef def) : def_(std::move(def)) {}
+    const QString& Name() const { return def_.nombre; }
+    bool Primary() const { return def_.primario; }
+    bool Unique() const { return def_.unico; }
+    bool Required() const { return def_.requerido; }
+    bool IgnoreNulls() const { return def_.ignoraNulos; }
+    const QStringList& FieldNames() const { return def_.campos; }
+    void setName(const QString& n) { def_.nombre = n; }
+    void setPrimary(bool p) { def_.primario = p; if (p) { def_.unico = true; def_.requerido = true; } }
+    void setUnique(bool u) { def_.unico = u; }
+    void setRequired(bool r) { def_.requerido = r; }
+    void setIgnoreNulls(bool i) { def_.ignoraNulos = i; }
+    Field CreateField(const QString& nombre) const { jet::CampoDef c; c.nombre = nombre; return Field(c); }
+    void AppendField(const Field& f) { def_.campos << f.Name(); }
+    const jet::IndiceDef& definicion() const { return def_; }
+
+private:
+    jet::IndiceDef def_;
+};
+
+class TableDef {
+public:
+    TableDef() = default;
+    TableDef(const TableDef&) = delete;
+    TableDef& operator=(const TableDef&) = delete;
+
+    const QString& Name() const { return nombre_; }
+    void setName(const QString& n) { nombre_ = n; }
+    Field CreateField(const QString& nombre, int tipo = dbText, int tamano = 0) const;
+    Index CreateIndex(const QString& nombre) const { jet::IndiceDef i; i.nombre = nombre; return Index(i); }
+    FieldsCollection& Fields() { return campos_; }
+    std::vector<Index>& Indexes() { return indices_; }
+    void AppendIndex(const Index& i);
+    bool appended() const { return db_ != nullptr; }
+
+private:
+    friend class Database;
+    friend class TableDefsCollection;
+    friend class FieldsCollection;
+    friend class Field;
+    QString nombre_;
+    FieldsCollection campos_;
+    std::vector<Index> indices_;
+    Database* db_ = nullptr;      // set once the table exists in a database
+    QString esquema_ = QStringLiteral("main");
+    void agregaCampo(Field& f);
+    jet::TablaDef definicion() const;
+};
+
+class TableDefsCollection {
+public:
+    int Count();
+    TableDef& operator[](int i);
+    TableDef& operator[](const QString& nombre);     // 3265 if absent
+    TableDef* busca(const QString& nombre);           // case-blind
+    void Refresh();
+    void Append(std::unique_ptr<TableDef> t);
+    void Delete(const QString& nombre);
+
+private:
+    friend class Database;
+    Database* db_ = nullptr;
+    std::vector<std::unique_ptr<TableDef>> tablas_;
+    bool cargada_ = false;
+    void carga();
+};
+
+class Database {
+public:
+    ~Database();
+    Database(const Database&) = delete;
+    Database& operator=(const Database&) = delete;
+
+    // The file must exist and be a database of this program; a file of the older desktop format is
+    // refused untouched (3343), as is anything else.
+    static std::unique_ptr<Database> OpenDatabase(const QString& ruta);
+    // A new empty database; 3204 if the file exists.
+    static std::unique_ptr<Database> CreateDatabase(const QString& ruta, const QString& idioma = dbLangSpanish,
+                                                    int opciones = 0);
+
+    void Execute(const QString& sentencia, int opciones = 0);
+    long long RecordsAffected() const { return afectados_; }
+    // A table name opens the table; anything else is a query. Type 0 means the default: table for a
+    // table name, dynaset for a query.
+    std::unique_ptr<Recordset> OpenRecordset(const QString& fuente, int tipo = 0, int opciones = 0);
+    TableDefsCollection& TableDefs();
+    std::unique_ptr<TableDef> CreateTableDef(const QString& nombre = QString()) const;
+    const QString& Name() const { return ruta_; }
+    void Close();
+
+    // For the engine's own layers.
+    sqlite3* sqlite() const { return db_; }
+    jet::Catalogo& catalogo() { return *catalogo_; }
+    [[noreturn]] void lanzaSqlite(int rc) const;
+
+private:
+    friend class Recordset;
+    friend class TableDef;
+    friend class TableDefsCollection;
+    Database() = default;
+    void abre(const QString& ruta, bool crear);
+    QString adjunta(const QString& ruta);
+    void sueltaAdjuntas();
+    void ejecutaDdl(const jet::Sentencia& s);
+
+    sqlite3* db_ = nullptr;
+    QString ruta_;
+    std::unique_ptr<jet::Catalogo> catalogo_;
+    TableDefsCollection tableDefs_;
+    long long afectados_ = 0;
+    QStringList adjuntas_;
+};
+
+class Recordset {
+public:
+    ~Recordset();
+    Recordset(const Recordset&) = delete;
+    Recordset& operator=(const Recordset&) = delete;
+
+    bool Eof();
+    bool Bof();
+    void MoveFirst();
+    void MoveLast();
+    void MoveNext();
+    void MovePrevious();
+    void Move(long filas);
+    long AbsolutePosition();              // 0-based; -1 at BOF or EOF
+    void setAbsolutePosition(long p);
+    long RecordCount();
+    void FindFirst(const QString& criterio);
+    void FindNext(const QString& criterio);
+    void FindLast(const QString& criterio);
+    void FindPrevious(const QString& criterio);
+    bool NoMatch() const { return noMatch_; }
+    void AddNew();
+    void Edit();
+    void Update();
+    void CancelUpdate();
+    void Delete();
+    void Requery();
+    int EditMode() const { return modo_; }
+    int Type() const { return tipo_; }
+    const QString& Name() const { return nombre_; }
+    bool Updatable() const { return actualizable_; }
+    void Close();
+
+    FieldsCollection& Fields() { return campos_; }
+    Field& Fields(int i) { return campos_[i]; }
+    Field& Fields(const QString& n) { return campos_[n]; }
+    Field& operator()(int i) { return campos_[i]; }
+    Field& operator()(const QString& n) { return campos_[n]; }
+
+private:
+    friend class Database;
+    friend class Field;
+    Recordset() = default;
+    void abre();
+    bool trae();                          // one more row from SQLite; false at the end
+    void traeTodo();
+    void situa(long indice);              // current row by index, fetching as needed
+    vb::Variant valor(int columna) const;
+    void asigna(int columna, const vb::Variant& v);
+    void busca(const QString& criterio, bool adelante, long desde);
+    void exigeActual() const;
+
+    struct Fila {
+        std::vector<vb::Variant> valores;
+        qint64 rowid = 0;
+    };
+    Database* db_ = nullptr;
+    QString nombre_;
+    QString sql_;
+    int tipo_ = dbOpenDynaset;
+    sqlite3_stmt* st_ = nullptr;
+    std::vector<jet::ColumnaSalida> columnas_;
+    std::vector<jet::TipoCampo> tipos_;
+    bool actualizable_ = false;
+    int columnaRowid_ = -1;
+    std::optional<jet::TablaDef> tabla_;
+    FieldsCollection campos_;
+    std::vector<Fila> filas_;
+    bool completo_ = false;
+    long pos_ = 0;                        // index of the current row
+    bool bof_ = true, eof_ = true;
+    bool actualBorrado_ = false;
+    int modo_ = dbEditNone;
+    std::vector<vb::Variant> buffer_;
+    std::vector<bool> cambiado_;
+    bool noMatch_ = true;
+    bool cerrado_ = false;
+};
+
+}  // namespace dao

@@ -1,0 +1,414 @@
+#include "core/dao/Dao.h"
+
+#include "core/jet/EmisorSqlite.h"
+#include "core/jet/ErroresMotor.h"
+#include "core/jet/FuncionesSqlite.h"
+#include "core/jet/Parser.h"
+#include "core/jet/Resolver.h"
+
+#include <sqlite3.h>
+
+namespace dao {
+
+using namespace jet;
+
+Recordset::~Recordset() { Close(); }
+
+void Recordset::Close() {
+    if (st_) {
+        sqlite3_finalize(st_);
+        st_ = nullptr;
+    }
+    cerrado_ = true;
+}
+
+void Recordset::abre() {
+    Sentencia s = Analiza(sql_);
+    if (s.clase != Sentencia::Consulta) Lanza(ErrOperacionNoValida);
+    Resolver resolver(db_->catalogo());
+    resolver.resuelve(s);
+    EmisorSqlite emisor;
+    const bool escribible = tipo_ == dbOpenTable || tipo_ == dbOpenDynaset;
+    Emision e = emisor.emite(s, nullptr, escribible);
+    columnas_ = e.columnas;
+    actualizable_ = e.actualizable;
+    tabla_.reset();
+    if (actualizable_) {
+        const TablaDef* t = db_->catalogo().tabla(e.tablaBase);
+        if (t) tabla_ = *t;
+        else actualizable_ = false;
+    }
+    columnaRowid_ = actualizable_ ? static_cast<int>(columnas_.size()) : -1;
+    tipos_.clear();
+    for (const auto& c : columnas_) tipos_.push_back(c.tipo);
+
+    campos_.campos_.clear();
+    for (size_t i = 0; i < columnas_.size(); ++i) {
+        const ColumnaSalida& c = columnas_[i];
+        CampoDef d;
+        d.nombre = c.nombre;
+        d.tipo = c.tipo == TipoCampo::Ninguno ? TipoCampo::Text : c.tipo;
+        d.tamano = c.tipo == TipoCampo::Ninguno ? 255 : c.tamano;
+        d.atributos = actualizable_ ? c.atributos : (c.atributos & ~AtrActualizable);
+        d.requerido = c.requerido;
+        d.permiteLongitudCero = c.permiteLongitudCero;
+        d.predeterminado = c.valorPredeterminado;
+        d.ordinal = static_cast<int>(i);
+        auto f = std::make_unique<Field>(d);
+        f->origenTabla_ = c.tablaOrigen;
+        f->rs_ = this;
+        f->indice_ = static_cast<int>(i);
+        campos_.campos_.push_back(std::move(f));
+    }
+
+    if (st_) sqlite3_finalize(st_);
+    st_ = nullptr;
+    const QByteArray u = e.sql.toUtf8();
+    const int rc = sqlite3_prepare_v2(db_->sqlite(), u.constData(), static_cast<int>(u.size()), &st_, nullptr);
+    if (rc != SQLITE_OK) {
+        sqlite3_finalize(st_);
+        st_ = nullptr;
+        db_->lanzaSqlite(rc);
+    }
+    filas_.clear();
+    completo_ = false;
+    modo_ = dbEditNone;
+    actualBorrado_ = false;
+    cerrado_ = false;
+    if (trae()) {
+        pos_ = 0;
+        bof_ = eof_ = false;
+    } else {
+        pos_ = 0;
+        bof_ = eof_ = true;
+    }
+}
+
+bool Recordset::trae() {
+    if (completo_ || !st_) return false;
+    const int rc = sqlite3_step(st_);
+    if (rc == SQLITE_ROW) {
+        Fila f;
+        const int n = static_cast<int>(tipos_.size());
+        f.valores.reserve(static_cast<size_t>(n));
+        for (int i = 0; i < n; ++i) f.valores.push_back(LeeColumna(st_, i, tipos_[static_cast<size_t>(i)]));
+        if (columnaRowid_ >= 0) f.rowid = sqlite3_column_int64(st_, columnaRowid_);
+        filas_.push_back(std::move(f));
+        return true;
+    }
+    completo_ = true;
+    if (rc != SQLITE_DONE) {
+        sqlite3_reset(st_);
+        db_->lanzaSqlite(rc);
+    }
+    sqlite3_reset(st_);
+    return false;
+}
+
+void Recordset::traeTodo() {
+    while (trae()) {
+    }
+}
+
+void Recordset::exigeActual() const {
+    if (cerrado_) Lanza(ErrOperacionNoValida);
+    if (bof_ || eof_ || actualBorrado_ || pos_ < 0 || pos_ >= static_cast<long>(filas_.size()))
+        Lanza(ErrNoHayRegistroActual);
+}
+
+bool Recordset::Eof() { return eof_; }
+bool Recordset::Bof() { return bof_; }
+
+void Recordset::situa(long indice) {
+    while (indice >= static_cast<long>(filas_.size()) && trae()) {
+    }
+    actualBorrado_ = false;
+    if (indice < 0) {
+        pos_ = -1;
+        bof_ = true;
+        eof_ = filas_.empty();
+        return;
+    }
+    if (indice >= static_cast<long>(filas_.size())) {
+        pos_ = static_cast<long>(filas_.size());
+        eof_ = true;
+        bof_ = filas_.empty();
+        return;
+    }
+    pos_ = indice;
+    bof_ = eof_ = false;
+}
+
+void Recordset::MoveFirst() {
+    if (modo_ != dbEditNone) CancelUpdate();
+    situa(0);
+    if (eof_) Lanza(ErrNoHayRegistroActual);
+}
+
+void Recordset::MoveLast() {
+    if (modo_ != dbEditNone) CancelUpdate();
+    traeTodo();
+    if (filas_.empty()) {
+        situa(0);
+        Lanza(ErrNoHayRegistroActual);
+    }
+    situa(static_cast<long>(filas_.size()) - 1);
+}
+
+void Recordset::MoveNext() {
+    if (eof_) Lanza(ErrNoHayRegistroActual);
+    if (modo_ != dbEditNone) CancelUpdate();
+    if (actualBorrado_) situa(pos_);            // the row after the deleted one now stands at its index
+    else situa(pos_ + 1);
+}
+
+void Recordset::MovePrevious() {
+    if (bof_) Lanza(ErrNoHayRegistroActual);
+    if (modo_ != dbEditNone) CancelUpdate();
+    situa(pos_ - 1);
+}
+
+void Recordset::Move(long filas) {
+    if (modo_ != dbEditNone) CancelUpdate();
+    if ((bof_ || eof_) && filas != 0 && filas_.empty()) Lanza(ErrNoHayRegistroActual);
+    long base = pos_;
+    if (bof_) base = -1;
+    situa(base + filas);
+}
+
+long Recordset::AbsolutePosition() {
+    if (bof_ || eof_ || actualBorrado_) return -1;
+    return pos_;
+}
+
+void Recordset::setAbsolutePosition(long p) {
+    traeTodo();
+    if (p < 0 || p >= static_cast<long>(filas_.size())) Lanza(ErrOperacionNoValida);
+    situa(p);
+}
+
+long Recordset::RecordCount() {
+    traeTodo();
+    return static_cast<long>(filas_.size());
+}
+
+void Recordset::busca(const QString& criterio, bool adelante, long desde) {
+    ExprPtr e = AnalizaExpresion(criterio);
+    Resolver resolver(db_->catalogo());
+    resolver.resuelveCriterio(*e, columnas_);
+    EmisorSqlite emisor;
+    const QByteArray u = (QStringLiteral("SELECT ") + emisor.expresion(*e)).toUtf8();
+    sqlite3_stmt* st = nullptr;
+    int rc = sqlite3_prepare_v2(db_->sqlite(), u.constData(), static_cast<int>(u.size()), &st, nullptr);
+    if (rc != SQLITE_OK) {
+        sqlite3_finalize(st);
+        db_->lanzaSqlite(rc);
+    }
+    traeTodo();
+    const int parametros = sqlite3_bind_parameter_count(st);
+    const long n = static_cast<long>(filas_.size());
+    long encontrado = -1;
+    for (long i = desde; adelante ? i < n : i >= 0; i += adelante ? 1 : -1) {
+        if (i < 0 || i >= n) continue;
+        sqlite3_reset(st);
+        for (int p = 1; p <= parametros && p <= static_cast<int>(filas_[static_cast<size_t>(i)].valores.size()); ++p)
+            Enlaza(st, p, filas_[static_cast<size_t>(i)].valores[static_cast<size_t>(p - 1)]);
+        rc = sqlite3_step(st);
+        if (rc == SQLITE_ROW) {
+            if (sqlite3_column_type(st, 0) != SQLITE_NULL && sqlite3_column_double(st, 0) != 0) {
+                encontrado = i;
+                break;
+            }
+        } else if (rc != SQLITE_DONE) {
+            sqlite3_finalize(st);
+            db_->lanzaSqlite(rc);
+        }
+    }
+    sqlite3_finalize(st);
+    if (modo_ != dbEditNone) CancelUpdate();
+    noMatch_ = encontrado < 0;
+    if (!noMatch_) situa(encontrado);
+}
+
+void Recordset::FindFirst(const QString& c) { busca(c, true, 0); }
+void Recordset::FindLast(const QString& c) { traeTodo(); busca(c, false, static_cast<long>(filas_.size()) - 1); }
+void Recordset::FindNext(const QString& c) { busca(c, true, (bof_ ? -1 : actualBorrado_ ? pos_ - 1 : pos_) + 1); }
+void Recordset::FindPrevious(const QString& c) { busca(c, false, (eof_ ? static_cast<long>(filas_.size()) : pos_) - 1); }
+
+vb::Variant Recordset::valor(int columna) const {
+    if (modo_ != dbEditNone) return buffer_[static_cast<size_t>(columna)];
+    exigeActual();
+    return filas_[static_cast<size_t>(pos_)].valores[static_cast<size_t>(columna)];
+}
+
+void Recordset::asigna(int columna, const vb::Variant& v) {
+    if (modo_ == dbEditNone) Lanza(ErrSinAddNewNiEdit);
+    const ColumnaSalida& c = columnas_[static_cast<size_t>(columna)];
+    if (c.campoOrigen.isEmpty() || !tabla_) Lanza(3164);
+    const CampoDef* campo = tabla_->campo(c.campoOrigen);
+    if (!campo) Lanza(3164);
+    if (campo->contador()) {
+        if (modo_ == dbEditInProgress) Lanza(3164);
+    }
+    // Type and size are checked as the value is given; the required test waits for Update.
+    CampoDef sinRequerido = *campo;
+    sinRequerido.requerido = false;
+    sinRequerido.permiteLongitudCero = true;
+    buffer_[static_cast<size_t>(columna)] = ConvierteParaCampo(v, sinRequerido);
+    cambiado_[static_cast<size_t>(columna)] = true;
+}
+
+void Recordset::AddNew() {
+    if (cerrado_) Lanza(ErrOperacionNoValida);
+    if (!actualizable_) Lanza(ErrSoloLectura);
+    if (modo_ != dbEditNone) CancelUpdate();
+    buffer_.assign(columnas_.size(), vb::Variant::Null());
+    cambiado_.assign(columnas_.size(), false);
+    for (size_t i = 0; i < columnas_.size(); ++i) {
+        const CampoDef* campo = tabla_->campo(columnas_[i].campoOrigen);
+        if (!campo) continue;
+        if (campo->contador()) {
+            // The counter's next value, handed out before the row is stored.
+            const QByteArray sql =
+                QStringLiteral("SELECT max(coalesce((SELECT seq FROM sqlite_sequence WHERE name = %1), 0), "
+                               "coalesce((SELECT max(rowid) FROM %2), 0)) + 1")
+                    .arg(CitaTexto(tabla_->nombre), CitaNombre(tabla_->nombre)).toUtf8();
+            sqlite3_stmt* st = nullptr;
+            sqlite3_prepare_v2(db_->sqlite(), sql.constData(), -1, &st, nullptr);
+            qint64 siguiente = 1;
+            if (st && sqlite3_step(st) == SQLITE_ROW) siguiente = sqlite3_column_int64(st, 0);
+            sqlite3_finalize(st);
+            buffer_[i] = vb::Variant::Long(static_cast<qint32>(siguiente));
+            cambiado_[i] = true;
+            continue;
+        }
+        const QString pred = PredeterminadoSqlite(campo->predeterminado, campo->tipo);
+        if (pred.isEmpty()) continue;
+        const QByteArray sql = (QStringLiteral("SELECT ") + pred).toUtf8();
+        sqlite3_stmt* st = nullptr;
+        sqlite3_prepare_v2(db_->sqlite(), sql.constData(), -1, &st, nullptr);
+        if (st && sqlite3_step(st) == SQLITE_ROW) buffer_[i] = LeeColumna(st, 0, campo->tipo);
+        sqlite3_finalize(st);
+        cambiado_[i] = true;
+    }
+    modo_ = dbEditAdd;
+}
+
+void Recordset::Edit() {
+    if (!actualizable_) Lanza(ErrSoloLectura);
+    exigeActual();
+    buffer_ = filas_[static_cast<size_t>(pos_)].valores;
+    cambiado_.assign(columnas_.size(), false);
+    modo_ = dbEditInProgress;
+}
+
+void Recordset::CancelUpdate() {
+    if (modo_ == dbEditNone) Lanza(ErrSinAddNewNiEdit);
+    modo_ = dbEditNone;
+    buffer_.clear();
+    cambiado_.clear();
+}
+
+void Recordset::Update() {
+    if (modo_ == dbEditNone) Lanza(ErrSinAddNewNiEdit);
+    QStringList columnas;
+    std::vector<vb::Variant> valores;
+    for (size_t i = 0; i < columnas_.size(); ++i) {
+        const CampoDef* campo = tabla_->campo(columnas_[i].campoOrigen);
+        if (!campo) continue;
+        if (modo_ == dbEditAdd || cambiado_[i]) {
+            if (modo_ == dbEditInProgress && !cambiado_[i]) continue;
+            valores.push_back(ConvierteParaCampo(buffer_[i], *campo));
+            columnas << CitaNombre(campo->nombre);
+        }
+    }
+    // Required fields of the table that the query doesn't show.
+    if (modo_ == dbEditAdd) {
+        for (const auto& c : tabla_->campos) {
+            bool mostrado = false;
+            for (const auto& col : columnas_)
+                if (col.campoOrigen.compare(c.nombre, Qt::CaseInsensitive) == 0) mostrado = true;
+            if (!mostrado && c.requerido && !c.contador() && PredeterminadoSqlite(c.predeterminado, c.tipo).isEmpty())
+                Lanza(ErrRequerido, c.nombre);
+        }
+    }
+    QString sql;
+    if (modo_ == dbEditAdd) {
+        QStringList marcas;
+        for (int i = 1; i <= columnas.size(); ++i) marcas << QStringLiteral("?%1").arg(i);
+        sql = columnas.isEmpty() ? QStringLiteral("INSERT INTO %1 DEFAULT VALUES").arg(CitaNombre(tabla_->nombre))
+                                 : QStringLiteral("INSERT INTO %1 (%2) VALUES (%3)")
+                                       .arg(CitaNombre(tabla_->nombre), columnas.join(QStringLiteral(", ")),
+                                            marcas.join(QStringLiteral(", ")));
+    } else {
+        if (columnas.isEmpty()) {
+            modo_ = dbEditNone;
+            return;
+        }
+        QStringList sets;
+        for (int i = 0; i < columnas.size(); ++i) sets << QStringLiteral("%1 = ?%2").arg(columnas[i]).arg(i + 1);
+        sql = QStringLiteral("UPDATE %1 SET %2 WHERE rowid = ?%3")
+                  .arg(CitaNombre(tabla_->nombre), sets.join(QStringLiteral(", ")))
+                  .arg(columnas.size() + 1);
+    }
+    sqlite3_stmt* st = nullptr;
+    const QByteArray u = sql.toUtf8();
+    int rc = sqlite3_prepare_v2(db_->sqlite(), u.constData(), static_cast<int>(u.size()), &st, nullptr);
+    if (rc != SQLITE_OK) {
+        sqlite3_finalize(st);
+        db_->lanzaSqlite(rc);
+    }
+    for (size_t i = 0; i < valores.size(); ++i) Enlaza(st, static_cast<int>(i + 1), valores[i]);
+    if (modo_ == dbEditInProgress) sqlite3_bind_int64(st, static_cast<int>(valores.size() + 1), filas_[static_cast<size_t>(pos_)].rowid);
+    rc = sqlite3_step(st);
+    sqlite3_finalize(st);
+    if (rc != SQLITE_DONE) db_->lanzaSqlite(rc);
+
+    // What was written, as the table holds it.
+    std::vector<vb::Variant> fila(columnas_.size());
+    for (size_t i = 0; i < columnas_.size(); ++i) {
+        const CampoDef* campo = tabla_->campo(columnas_[i].campoOrigen);
+        fila[i] = campo ? ConvierteParaCampo(buffer_[i], CampoDef{*campo}) : buffer_[i];
+    }
+    if (modo_ == dbEditAdd) {
+        Fila f;
+        f.valores = std::move(fila);
+        f.rowid = sqlite3_last_insert_rowid(db_->sqlite());
+        traeTodo();
+        const bool vacio = filas_.empty();
+        filas_.push_back(std::move(f));
+        if (vacio) situa(0);
+        else if (eof_) situa(static_cast<long>(filas_.size()) - 2 + 1);
+    } else {
+        filas_[static_cast<size_t>(pos_)].valores = std::move(fila);
+    }
+    modo_ = dbEditNone;
+    buffer_.clear();
+    cambiado_.clear();
+}
+
+void Recordset::Delete() {
+    if (!actualizable_) Lanza(ErrSoloLectura);
+    if (modo_ != dbEditNone) CancelUpdate();
+    exigeActual();
+    const QByteArray u = QStringLiteral("DELETE FROM %1 WHERE rowid = ?1").arg(CitaNombre(tabla_->nombre)).toUtf8();
+    sqlite3_stmt* st = nullptr;
+    int rc = sqlite3_prepare_v2(db_->sqlite(), u.constData(), static_cast<int>(u.size()), &st, nullptr);
+    if (rc != SQLITE_OK) {
+        sqlite3_finalize(st);
+        db_->lanzaSqlite(rc);
+    }
+    sqlite3_bind_int64(st, 1, filas_[static_cast<size_t>(pos_)].rowid);
+    rc = sqlite3_step(st);
+    sqlite3_finalize(st);
+    if (rc != SQLITE_DONE) db_->lanzaSqlite(rc);
+    filas_.erase(filas_.begin() + pos_);
+    actualBorrado_ = true;
+}
+
+void Recordset::Requery() {
+    if (modo_ != dbEditNone) CancelUpdate();
+    abre();
+}
+
+}  // namespace dao

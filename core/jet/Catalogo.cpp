@@ -1,0 +1,417 @@
+#include "core/jet/Catalogo.h"
+
+#include "core/jet/ErroresMotor.h"
+
+#include <sqlite3.h>
+
+namespace jet {
+
+QString CitaNombre(const QString& nombre) {
+    QString r = nombre;
+    r.replace(u'"', QStringLiteral("\"\""));
+    return u'"' + r + u'"';
+}
+
+QString CitaTexto(const QString& texto) {
+    QString r = texto;
+    r.replace(u'\'', QStringLiteral("''"));
+    return u'\'' + r + u'\'';
+}
+
+QString ClaveNombre(const QString& nombre) { return nombre.toCaseFolded(); }
+
+const CampoDef* TablaDef::campo(const QString& n) const {
+    for (const auto& c : campos)
+        if (c.nombre.compare(n, Qt::CaseInsensitive) == 0) return &c;
+    return nullptr;
+}
+
+const CampoDef* TablaDef::contador() const {
+    for (const auto& c : campos)
+        if (c.contador()) return &c;
+    return nullptr;
+}
+
+namespace {
+
+class Sentencia3 {
+public:
+    Sentencia3(sqlite3* db, const QString& sql) {
+        const QByteArray u = sql.toUtf8();
+        if (sqlite3_prepare_v2(db, u.constData(), static_cast<int>(u.size()), &st_, nullptr) != SQLITE_OK) {
+            const QString msg = QString::fromUtf8(sqlite3_errmsg(db));
+            st_ = nullptr;
+            throw vb::Error(3000, QStringLiteral("Error reservado (%1).").arg(msg));
+        }
+    }
+    ~Sentencia3() { sqlite3_finalize(st_); }
+    bool paso() { return sqlite3_step(st_) == SQLITE_ROW; }
+    QString texto(int i) const {
+        auto p = reinterpret_cast<const char*>(sqlite3_column_text(st_, i));
+        return p ? QString::fromUtf8(p, sqlite3_column_bytes(st_, i)) : QString();
+    }
+    long long entero(int i) const { return sqlite3_column_int64(st_, i); }
+    bool nulo(int i) const { return sqlite3_column_type(st_, i) == SQLITE_NULL; }
+
+private:
+    sqlite3_stmt* st_ = nullptr;
+};
+
+// A column created outside the engine: its type told from SQLite's declared type.
+TipoCampo TipoDeDeclarado(const QString& declarado, int& tamano) {
+    const QString u = declarado.toUpper();
+    tamano = 0;
+    if (u.contains("INT")) { tamano = 4; return TipoCampo::Long; }
+    if (u.contains("REAL") || u.contains("FLOA") || u.contains("DOUB")) { tamano = 8; return TipoCampo::Double; }
+    if (u.contains("DATE") || u.contains("TIME")) { tamano = 8; return TipoCampo::Date; }
+    if (u.contains("DEC") || u.contains("MONEY") || u.contains("CURR")) { tamano = 8; return TipoCampo::Currency; }
+    if (u.contains("BLOB")) return TipoCampo::LongBinary;
+    return TipoCampo::Memo;
+}
+
+QString TipoSqlite(const CampoDef& c) {
+    switch (c.tipo) {
+    case TipoCampo::Boolean: return QStringLiteral("BOOLEAN");
+    case TipoCampo::Byte: return QStringLiteral("TINYINT");
+    case TipoCampo::Integer: return QStringLiteral("SMALLINT");
+    case TipoCampo::Long: return QStringLiteral("INTEGER");
+    case TipoCampo::Currency: return QStringLiteral("DECIMAL(19,4)");
+    case TipoCampo::Single: return QStringLiteral("FLOAT");
+    case TipoCampo::Double: return QStringLiteral("DOUBLE");
+    case TipoCampo::Date: return QStringLiteral("DATETIME");
+    case TipoCampo::Text: return QStringLiteral("VARCHAR(%1)").arg(c.tamano);
+    case TipoCampo::Memo: return QStringLiteral("TEXT");
+    case TipoCampo::Guid: return QStringLiteral("VARCHAR(38)");
+    default: return QStringLiteral("BLOB");
+    }
+}
+
+QString DefinicionColumna(const CampoDef& c, bool conRestricciones) {
+    QString d = CitaNombre(c.nombre) + u' ';
+    if (c.contador()) return d + QStringLiteral("INTEGER PRIMARY KEY AUTOINCREMENT");
+    d += TipoSqlite(c);
+    if (conRestricciones && c.requerido) d += QStringLiteral(" NOT NULL");
+    const QString pred = PredeterminadoSqlite(c.predeterminado, c.tipo);
+    if (!pred.isEmpty()) d += QStringLiteral(" DEFAULT ") + pred;
+    return d;
+}
+
+QString NombreIndiceSqlite(const QString& tabla, const QString& indice) { return tabla + u'.' + indice; }
+
+}  // namespace
+
+QString PredeterminadoSqlite(const QString& jet, TipoCampo tipo) {
+    QString t = jet.trimmed();
+    if (t.startsWith(u'=')) t = t.mid(1).trimmed();
+    if (t.isEmpty()) return {};
+    if ((t.startsWith(u'"') && t.endsWith(u'"') && t.size() >= 2) ||
+        (t.startsWith(u'\'') && t.endsWith(u'\'') && t.size() >= 2))
+        return CitaTexto(t.mid(1, t.size() - 2));
+    bool ok = false;
+    t.toDouble(&ok);
+    if (ok) return EsTexto(tipo) ? CitaTexto(t) : t;
+    const QString u = t.toUpper();
+    if (u == "NOW()") return QStringLiteral("(strftime('%Y-%m-%d %H:%M:%S','now','localtime'))");
+    if (u == "DATE()") return QStringLiteral("(strftime('%Y-%m-%d 00:00:00','now','localtime'))");
+    if (u == "TRUE" || u == "YES") return QStringLiteral("-1");
+    if (u == "FALSE" || u == "NO") return QStringLiteral("0");
+    return {};
+}
+
+void PreparaMetadatos(sqlite3* db, const QString& esquema) {
+    const QString e = CitaNombre(esquema);
+    const QString sql =
+        QStringLiteral("CREATE TABLE IF NOT EXISTS %1.MSysCampos (Tabla TEXT NOT NULL, Campo TEXT NOT NULL, "
+                       "Tipo INTEGER NOT NULL, Tamano INTEGER NOT NULL, Atributos INTEGER NOT NULL, "
+                       "Requerido INTEGER NOT NULL, LongitudCero INTEGER NOT NULL, Predeterminado TEXT, "
+                       "PRIMARY KEY (Tabla, Campo));"
+                       "CREATE TABLE IF NOT EXISTS %1.MSysIndices (Tabla TEXT NOT NULL, Indice TEXT NOT NULL, "
+                       "Campos TEXT NOT NULL, Primario INTEGER NOT NULL, Unico INTEGER NOT NULL, "
+                       "Requerido INTEGER NOT NULL, IgnoraNulos INTEGER NOT NULL, PRIMARY KEY (Tabla, Indice));")
+            .arg(e);
+    char* error = nullptr;
+    if (sqlite3_exec(db, sql.toUtf8().constData(), nullptr, nullptr, &error) != SQLITE_OK) {
+        const QString msg = QString::fromUtf8(error ? error : "");
+        sqlite3_free(error);
+        throw vb::Error(3051, DescripcionError(3051, QString(), msg));
+    }
+}
+
+void Catalogo::ejecuta(const QString& sql) {
+    char* error = nullptr;
+    const int rc = sqlite3_exec(db_, sql.toUtf8().constData(), nullptr, nullptr, &error);
+    if (rc != SQLITE_OK) {
+        const QString msg = QString::fromUtf8(error ? error : "");
+        sqlite3_free(error);
+        invalida();
+        if (rc == SQLITE_BUSY || rc == SQLITE_LOCKED) Lanza(ErrBloqueado);
+        throw vb::Error(3000, QStringLiteral("Error reservado (%1).").arg(msg));
+    }
+}
+
+Catalogo::Esquema& Catalogo::carga(const QString& esquema) {
+    const QString clave = esquema.toLower();
+    long long version = 0;
+    {
+        Sentencia3 v(db_, QStringLiteral("PRAGMA %1.schema_version").arg(CitaNombre(esquema)));
+        if (v.paso()) version = v.entero(0);
+    }
+    auto it = esquemas_.find(clave);
+    if (it != esquemas_.end() && it->version == version) return *it;
+
+    Esquema nuevo;
+    nuevo.version = version;
+    const QString e = CitaNombre(esquema);
+    // SQLite's own view of the columns, in their order.
+    Sentencia3 cols(db_, QStringLiteral(
+        "SELECT m.name, p.name, p.type, p.\"notnull\", p.pk FROM %1.sqlite_master m, "
+        "pragma_table_info(m.name, '%2') p WHERE m.type = 'table' AND m.name NOT LIKE 'sqlite\\_%' ESCAPE '\\' "
+        "AND m.name NOT IN ('MSysCampos', 'MSysIndices') ORDER BY m.rowid, p.cid").arg(e, esquema));
+    TablaDef* actual = nullptr;
+    while (cols.paso()) {
+        const QString tabla = cols.texto(0);
+        if (!actual || actual->nombre != tabla) {
+            nuevo.tablas.push_back(std::make_shared<TablaDef>());
+            actual = nuevo.tablas.back().get();
+            actual->nombre = tabla;
+            nuevo.porNombre.insert(ClaveNombre(tabla), actual);
+        }
+        CampoDef c;
+        c.nombre = cols.texto(1);
+        c.tipo = TipoDeDeclarado(cols.texto(2), c.tamano);
+        c.atributos = EsTexto(c.tipo) ? AtrVariable : AtrFijo;
+        c.requerido = cols.entero(3) != 0;
+        if (cols.entero(4) != 0 && cols.texto(2).compare("INTEGER", Qt::CaseInsensitive) == 0)
+            c.atributos = AtrFijo | AtrAutoIncremento;
+        c.ordinal = static_cast<int>(actual->campos.size());
+        actual->campos.push_back(c);
+    }
+    // The engine's own words for them, where it created them.
+    bool hayMetadatos = false;
+    {
+        Sentencia3 existe(db_, QStringLiteral("SELECT 1 FROM %1.sqlite_master WHERE name = 'MSysCampos'").arg(e));
+        hayMetadatos = existe.paso();
+    }
+    if (hayMetadatos) {
+        Sentencia3 meta(db_, QStringLiteral("SELECT Tabla, Campo, Tipo, Tamano, Atributos, Requerido, LongitudCero, "
+                                            "Predeterminado FROM %1.MSysCampos").arg(e));
+        while (meta.paso()) {
+            TablaDef* t = nuevo.porNombre.value(ClaveNombre(meta.texto(0)));
+            if (!t) continue;
+            for (auto& c : t->campos) {
+                if (c.nombre.compare(meta.texto(1), Qt::CaseInsensitive) != 0) continue;
+                c.tipo = static_cast<TipoCampo>(meta.entero(2));
+                c.tamano = static_cast<int>(meta.entero(3));
+                c.atributos = static_cast<int>(meta.entero(4));
+                c.requerido = meta.entero(5) != 0;
+                c.permiteLongitudCero = meta.entero(6) != 0;
+                c.predeterminado = meta.texto(7);
+            }
+        }
+        Sentencia3 ind(db_, QStringLiteral("SELECT Tabla, Indice, Campos, Primario, Unico, Requerido, IgnoraNulos "
+                                           "FROM %1.MSysIndices ORDER BY rowid").arg(e));
+        while (ind.paso()) {
+            TablaDef* t = nuevo.porNombre.value(ClaveNombre(ind.texto(0)));
+            if (!t) continue;
+            IndiceDef i;
+            i.nombre = ind.texto(1);
+            i.campos = ind.texto(2).split(u';', Qt::SkipEmptyParts);
+            i.primario = ind.entero(3) != 0;
+            i.unico = ind.entero(4) != 0;
+            i.requerido = ind.entero(5) != 0;
+            i.ignoraNulos = ind.entero(6) != 0;
+            t->indices.push_back(i);
+        }
+    }
+    esquemas_.insert(clave, std::move(nuevo));
+    return esquemas_[clave];
+}
+
+const TablaDef* Catalogo::tabla(const QString& nombre, const QString& esquema) {
+    return carga(esquema).porNombre.value(ClaveNombre(nombre), nullptr);
+}
+
+std::vector<const TablaDef*> Catalogo::tablas(const QString& esquema) {
+    std::vector<const TablaDef*> r;
+    for (const auto& t : carga(esquema).tablas) r.push_back(t.get());
+    return r;
+}
+
+namespace {
+
+QString FilaCampo(const QString& e, const QString& tabla, const CampoDef& c) {
+    return QStringLiteral("INSERT OR REPLACE INTO %1.MSysCampos VALUES (%2, %3, %4, %5, %6, %7, %8, %9);")
+        .arg(e, CitaTexto(tabla), CitaTexto(c.nombre))
+        .arg(static_cast<int>(c.tipo)).arg(c.tamano).arg(c.atributos).arg(c.requerido ? 1 : 0)
+        .arg(c.permiteLongitudCero ? 1 : 0)
+        .arg(c.predeterminado.isEmpty() ? QStringLiteral("NULL") : CitaTexto(c.predeterminado));
+}
+
+QString FilaIndice(const QString& e, const QString& tabla, const IndiceDef& i) {
+    return QStringLiteral("INSERT OR REPLACE INTO %1.MSysIndices VALUES (%2, %3, %4, %5, %6, %7, %8);")
+        .arg(e, CitaTexto(tabla), CitaTexto(i.nombre), CitaTexto(i.campos.join(u';')))
+        .arg(i.primario ? 1 : 0).arg(i.unico ? 1 : 0).arg(i.requerido ? 1 : 0).arg(i.ignoraNulos ? 1 : 0);
+}
+
+// The SQLite index behind an engine index; none for a primary key on the counter alone, which SQLite
+// keeps as the row id.
+QString SqlIndice(const QString& e, const TablaDef& t, const IndiceDef& i) {
+    if (i.campos.size() == 1) {
+        const CampoDef* c = t.campo(i.campos.first());
+        if (c && c->contador() && i.unico) return {};
+    }
+    QStringList cols;
+    for (const auto& n : i.campos) {
+        const CampoDef* c = t.campo(n);
+        QString col = CitaNombre(c ? c->nombre : n);
+        if (c && EsTexto(c->tipo)) col += QStringLiteral(" COLLATE NOCASE");
+        cols << col;
+    }
+    return QStringLiteral("CREATE %1INDEX %2.%3 ON %4 (%5);")
+        .arg(i.unico ? QStringLiteral("UNIQUE ") : QString(), e, CitaNombre(NombreIndiceSqlite(t.nombre, i.nombre)),
+             CitaNombre(t.nombre), cols.join(QStringLiteral(", ")));
+}
+
+}  // namespace
+
+void Catalogo::creaTabla(const TablaDef& def, const QString& esquema) {
+    if (tabla(def.nombre, esquema)) Lanza(ErrTablaYaExiste, def.nombre);
+    if (def.campos.empty()) Lanza(ErrSintaxisCreateTable);
+    const QString e = CitaNombre(esquema);
+    PreparaMetadatos(db_, esquema);
+    QStringList columnas;
+    for (const auto& c : def.campos) columnas << DefinicionColumna(c, true);
+    QString sql = QStringLiteral("BEGIN; CREATE TABLE %1.%2 (%3);")
+                      .arg(e, CitaNombre(def.nombre), columnas.join(QStringLiteral(", ")));
+    for (const auto& c : def.campos) sql += FilaCampo(e, def.nombre, c);
+    for (const auto& i : def.indices) {
+        sql += SqlIndice(e, def, i);
+        sql += FilaIndice(e, def.nombre, i);
+    }
+    sql += QStringLiteral("COMMIT;");
+    try {
+        ejecuta(sql);
+    } catch (...) {
+        sqlite3_exec(db_, "ROLLBACK", nullptr, nullptr, nullptr);
+        throw;
+    }
+    invalida();
+}
+
+void Catalogo::agregaCampo(const QString& nombreTabla, const CampoDef& campo, const QString& esquema) {
+    const TablaDef* t = tabla(nombreTabla, esquema);
+    if (!t) Lanza(ErrTablaNoEncontrada, nombreTabla);
+    if (t->campo(campo.nombre)) Lanza(ErrCampoYaExiste, campo.nombre, t->nombre);
+    const QString e = CitaNombre(esquema);
+    PreparaMetadatos(db_, esquema);
+    // SQLite can't add a NOT NULL column without a default to a table; the required flag is then kept in
+    // the bookkeeping and checked on every write.
+    CampoDef c = campo;
+    if (c.contador()) Lanza(ErrSintaxisAlterTable);
+    const bool restriccion = c.requerido && !PredeterminadoSqlite(c.predeterminado, c.tipo).isEmpty();
+    QString sql = QStringLiteral("BEGIN; ALTER TABLE %1.%2 ADD COLUMN %3;")
+                      .arg(e, CitaNombre(t->nombre), DefinicionColumna(c, restriccion));
+    sql += FilaCampo(e, t->nombre, c);
+    sql += QStringLiteral("COMMIT;");
+    try {
+        ejecuta(sql);
+    } catch (...) {
+        sqlite3_exec(db_, "ROLLBACK", nullptr, nullptr, nullptr);
+        throw;
+    }
+    invalida();
+}
+
+void Catalogo::borraCampo(const QString& nombreTabla, const QString& campo) {
+    const TablaDef* t = tabla(nombreTabla);
+    if (!t) Lanza(ErrTablaNoEncontrada, nombreTabla);
+    const CampoDef* c = t->campo(campo);
+    if (!c) Lanza(ErrElementoNoEncontrado);
+    QString sql = QStringLiteral("BEGIN; ");
+    for (const auto& i : t->indices) {
+        if (i.campos.contains(c->nombre, Qt::CaseInsensitive)) {
+            sql += QStringLiteral("DROP INDEX IF EXISTS %1; DELETE FROM MSysIndices WHERE Tabla = %2 AND Indice = %3;")
+                       .arg(CitaNombre(NombreIndiceSqlite(t->nombre, i.nombre)), CitaTexto(t->nombre), CitaTexto(i.nombre));
+        }
+    }
+    sql += QStringLiteral("ALTER TABLE %1 DROP COLUMN %2; DELETE FROM MSysCampos WHERE Tabla = %3 AND Campo = %4; COMMIT;")
+               .arg(CitaNombre(t->nombre), CitaNombre(c->nombre), CitaTexto(t->nombre), CitaTexto(c->nombre));
+    try {
+        ejecuta(sql);
+    } catch (...) {
+        sqlite3_exec(db_, "ROLLBACK", nullptr, nullptr, nullptr);
+        throw;
+    }
+    invalida();
+}
+
+void Catalogo::borraTabla(const QString& nombreTabla) {
+    const TablaDef* t = tabla(nombreTabla);
+    if (!t) Lanza(ErrTablaNoEncontrada, nombreTabla);
+    const QString n = t->nombre;
+    QString sql = QStringLiteral("BEGIN; DROP TABLE %1;").arg(CitaNombre(n));
+    PreparaMetadatos(db_);
+    sql += QStringLiteral("DELETE FROM MSysCampos WHERE Tabla = %1; DELETE FROM MSysIndices WHERE Tabla = %1; COMMIT;")
+               .arg(CitaTexto(n));
+    try {
+        ejecuta(sql);
+    } catch (...) {
+        sqlite3_exec(db_, "ROLLBACK", nullptr, nullptr, nullptr);
+        throw;
+    }
+    invalida();
+}
+
+void Catalogo::creaIndice(const QString& nombreTabla, const IndiceDef& indice) {
+    const TablaDef* t = tabla(nombreTabla);
+    if (!t) Lanza(ErrTablaNoEncontrada, nombreTabla);
+    for (const auto& i : t->indices)
+        if (i.nombre.compare(indice.nombre, Qt::CaseInsensitive) == 0) Lanza(ErrCampoYaExiste, indice.nombre, t->nombre);
+    for (const auto& n : indice.campos)
+        if (!t->campo(n)) Lanza(ErrElementoNoEncontrado);
+    PreparaMetadatos(db_);
+    QString sql = QStringLiteral("BEGIN; ") + SqlIndice(QStringLiteral("\"main\""), *t, indice) +
+                  FilaIndice(QStringLiteral("\"main\""), t->nombre, indice) + QStringLiteral("COMMIT;");
+    try {
+        ejecuta(sql);
+    } catch (const vb::Error&) {
+        sqlite3_exec(db_, "ROLLBACK", nullptr, nullptr, nullptr);
+        Lanza(ErrValorDuplicado);
+    }
+    invalida();
+}
+
+void Catalogo::borraIndice(const QString& nombreTabla, const QString& indice) {
+    const TablaDef* t = tabla(nombreTabla);
+    if (!t) Lanza(ErrTablaNoEncontrada, nombreTabla);
+    for (const auto& i : t->indices) {
+        if (i.nombre.compare(indice, Qt::CaseInsensitive) != 0) continue;
+        ejecuta(QStringLiteral("BEGIN; DROP INDEX IF EXISTS %1; DELETE FROM MSysIndices WHERE Tabla = %2 AND Indice = %3; COMMIT;")
+                    .arg(CitaNombre(NombreIndiceSqlite(t->nombre, i.nombre)), CitaTexto(t->nombre), CitaTexto(i.nombre)));
+        invalida();
+        return;
+    }
+    Lanza(ErrElementoNoEncontrado);
+}
+
+void Catalogo::cambiaPredeterminado(const QString& nombreTabla, const QString& campo, const QString& valor) {
+    const TablaDef* t = tabla(nombreTabla);
+    if (!t || !t->campo(campo)) Lanza(ErrElementoNoEncontrado);
+    CampoDef c = *t->campo(campo);
+    c.predeterminado = valor;
+    PreparaMetadatos(db_);
+    ejecuta(FilaCampo(QStringLiteral("\"main\""), t->nombre, c));
+    invalida();
+}
+
+void Catalogo::cambiaRequerido(const QString& nombreTabla, const QString& campo, bool requerido) {
+    const TablaDef* t = tabla(nombreTabla);
+    if (!t || !t->campo(campo)) Lanza(ErrElementoNoEncontrado);
+    CampoDef c = *t->campo(campo);
+    c.requerido = requerido;
+    PreparaMetadatos(db_);
+    ejecuta(FilaCampo(QStringLiteral("\"main\""), t->nombre, c));
+    invalida();
+}
+
+}  // namespace jet

@@ -1,0 +1,92 @@
+#pragma once
+// What the engine knows of each table: the field definitions with the engine's types, sizes, attributes,
+// required flags and defaults, and the indexes with their names. SQLite keeps the rows; the two tables
+// MSysCampos and MSysIndices keep what SQLite has no words for. Names are found without regard to case
+// (accented letters included) and kept as they were created.
+#include "core/jet/Ast.h"
+
+#include <QHash>
+#include <QString>
+#include <QStringList>
+#include <memory>
+#include <vector>
+
+struct sqlite3;
+
+namespace jet {
+
+enum AtributoCampo : int { AtrFijo = 1, AtrVariable = 2, AtrAutoIncremento = 16, AtrActualizable = 32 };
+
+struct CampoDef {
+    QString nombre;
+    TipoCampo tipo = TipoCampo::Text;
+    int tamano = 0;
+    int atributos = AtrVariable;
+    bool requerido = false;
+    bool permiteLongitudCero = true;
+    QString predeterminado;         // the DefaultValue text ("0", "\"S\"", "Now()"), empty for none
+    int ordinal = 0;
+    bool contador() const { return (atributos & AtrAutoIncremento) != 0; }
+};
+
+struct IndiceDef {
+    QString nombre;
+    QStringList campos;
+    bool primario = false;
+    bool unico = false;
+    bool requerido = false;
+    bool ignoraNulos = false;
+};
+
+struct TablaDef {
+    QString nombre;
+    std::vector<CampoDef> campos;
+    std::vector<IndiceDef> indices;
+
+    const CampoDef* campo(const QString& nombre) const;   // case-blind; nullptr if absent
+    const CampoDef* contador() const;                     // the auto-increment field, if any
+};
+
+// Creates the bookkeeping tables in a database that lacks them.
+void PreparaMetadatos(sqlite3* db, const QString& esquema = QStringLiteral("main"));
+
+class Catalogo {
+public:
+    explicit Catalogo(sqlite3* db) : db_(db) {}
+
+    // The table by name in the main database or an attached one; nullptr if it does not exist. The
+    // definitions are read again whenever another connection changed the schema.
+    const TablaDef* tabla(const QString& nombre, const QString& esquema = QStringLiteral("main"));
+    std::vector<const TablaDef*> tablas(const QString& esquema = QStringLiteral("main"));
+    void invalida() { esquemas_.clear(); }
+
+    // Changes of schema, each applied to SQLite and the bookkeeping together.
+    void creaTabla(const TablaDef& def, const QString& esquema = QStringLiteral("main"));
+    void agregaCampo(const QString& tabla, const CampoDef& campo, const QString& esquema = QStringLiteral("main"));
+    void borraCampo(const QString& tabla, const QString& campo);
+    void borraTabla(const QString& tabla);
+    void creaIndice(const QString& tabla, const IndiceDef& indice);
+    void borraIndice(const QString& tabla, const QString& indice);
+    void cambiaPredeterminado(const QString& tabla, const QString& campo, const QString& valor);
+    void cambiaRequerido(const QString& tabla, const QString& campo, bool requerido);
+
+private:
+    struct Esquema {
+        long long version = -1;
+        std::vector<std::shared_ptr<TablaDef>> tablas;
+        QHash<QString, TablaDef*> porNombre;   // case-folded name
+    };
+    sqlite3* db_;
+    QHash<QString, Esquema> esquemas_;
+
+    Esquema& carga(const QString& esquema);
+    void ejecuta(const QString& sql);
+};
+
+// Helpers shared with the emitter.
+QString CitaNombre(const QString& nombre);          // "name" with inner quotes doubled
+QString CitaTexto(const QString& texto);            // 'text' with inner quotes doubled
+QString ClaveNombre(const QString& nombre);         // the case-folded key names are compared by
+QString PredeterminadoSqlite(const QString& jet, TipoCampo tipo);   // empty when SQLite can't express it
+
+}  // namespace jet

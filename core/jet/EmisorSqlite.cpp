@@ -1,0 +1,393 @@
+#include "core/jet/EmisorSqlite.h"
+
+#include "core/jet/ErroresMotor.h"
+#include "core/jet/Resolver.h"
+
+namespace jet {
+
+namespace {
+
+QString Literal(const vb::Variant& v) {
+    switch (v.type()) {
+    case vb::VarType::Empty:
+    case vb::VarType::Null: return QStringLiteral("NULL");
+    case vb::VarType::Boolean: return v.toBool() ? QStringLiteral("-1") : QStringLiteral("0");
+    case vb::VarType::Integer:
+    case vb::VarType::Long:
+    case vb::VarType::Byte: return QString::number(v.toLong());
+    case vb::VarType::Currency: return v.toCurrency().toSql();
+    case vb::VarType::Single:
+    case vb::VarType::Double: {
+        const double d = v.toDouble();
+        QString t = QString::number(d, 'g', 17);
+        if (!t.contains(u'.') && !t.contains(u'e') && !t.contains(QLatin1String("inf")) && !t.contains(QLatin1String("nan")))
+            t += QStringLiteral(".0");
+        return t;
+    }
+    case vb::VarType::Date: return CitaTexto(v.toDate().toIso());
+    case vb::VarType::String: return CitaTexto(v.toString());
+    }
+    return QStringLiteral("NULL");
+}
+
+bool EsComparacion(const QString& op) {
+    return op == "=" || op == "<>" || op == "<" || op == ">" || op == "<=" || op == ">=";
+}
+
+const char* const Colacion = " COLLATE JETTEXT";
+
+}  // namespace
+
+QString EmisorSqlite::nombreTabla(const FuenteFrom& f) {
+    QString n = CitaNombre(f.def->nombre);
+    if (!f.esquemaSql.isEmpty() && f.esquemaSql != QLatin1String("main")) n = CitaNombre(f.esquemaSql) + u'.' + n;
+    return n;
+}
+
+QString EmisorSqlite::conversion(const QString& valor, const CampoDef& c) {
+    return QStringLiteral("jet_conv(%1, %2, %3, %4, %5, %6, %7)")
+        .arg(valor)
+        .arg(static_cast<int>(c.tipo))
+        .arg(c.tamano)
+        .arg(c.atributos)
+        .arg(c.requerido ? 1 : 0)
+        .arg(c.permiteLongitudCero ? 1 : 0)
+        .arg(CitaTexto(c.nombre));
+}
+
+Emision EmisorSqlite::emite(const Sentencia& s, const TablaDef* destino, bool conRowid, const QString& esquemaDestino) {
+    Emision r;
+    switch (s.clase) {
+    case Sentencia::Consulta:
+        r.sql = select(*s.select, conRowid, &r);
+        r.columnas = s.select->salida;
+        return r;
+    case Sentencia::Insercion: {
+        const QString esquema = esquemaDestino == QLatin1String("main") ? QString() : CitaNombre(esquemaDestino) + u'.';
+        QStringList cols, valores;
+        QStringList nombres = s.columnas;
+        std::vector<const CampoDef*> campos;
+        for (const auto& n : nombres) campos.push_back(destino->campo(n));
+        // Required fields left out, without a default, are refused like a written Null.
+        for (const auto& c : destino->campos) {
+            if (!c.requerido || c.contador() || nombres.contains(c.nombre, Qt::CaseInsensitive)) continue;
+            if (!PredeterminadoSqlite(c.predeterminado, c.tipo).isEmpty()) continue;
+            nombres << c.nombre;
+            campos.push_back(&c);
+        }
+        for (const auto* c : campos) cols << CitaNombre(c->nombre);
+        QString tabla = CitaNombre(destino->nombre);
+        r.sql = QStringLiteral("INSERT INTO %1%2 (%3) ").arg(esquema, tabla, cols.join(QStringLiteral(", ")));
+        if (s.select) {
+            const QString interior = select(*s.select, false, nullptr);
+            for (size_t i = 0; i < campos.size(); ++i) {
+                const QString origen = i < s.select->salida.size() ? QStringLiteral("q.c%1").arg(i) : QStringLiteral("NULL");
+                valores << conversion(origen, *campos[i]);
+            }
+            r.sql += QStringLiteral("SELECT %1 FROM (%2) AS q").arg(valores.join(QStringLiteral(", ")), interior);
+        } else {
+            for (size_t i = 0; i < campos.size(); ++i) {
+                const QString v = i < s.valores.size() ? expr(*s.valores[i]) : QStringLiteral("NULL");
+                valores << conversion(v, *campos[i]);
+            }
+            r.sql += QStringLiteral("VALUES (%1)").arg(valores.join(QStringLiteral(", ")));
+        }
+        return r;
+    }
+    case Sentencia::Actualizacion: {
+        // UPDATE over joins: the target by its row id, the others as a FROM list.
+        const FuenteFrom* objetivo = nullptr;
+        std::function<void(const FuenteFrom&)> busca = [&](const FuenteFrom& f) {
+            if (f.clase == FuenteFrom::Join) { busca(*f.izquierda); busca(*f.derecha); }
+            else if (f.aliasSql == s.objetivoBorrado) objetivo = &f;
+        };
+        for (const auto& f : s.from) busca(*f);
+        QStringList sets;
+        for (const auto& a : s.asignaciones)
+            sets << CitaNombre(a.columna) + QStringLiteral(" = ") + conversion(expr(*a.valor), *destino->campo(a.columna));
+        const bool simple = s.from.size() == 1 && s.from[0]->clase == FuenteFrom::Tabla;
+        if (simple) {
+            r.sql = QStringLiteral("UPDATE %1 AS %2 SET %3").arg(nombreTabla(*objetivo), CitaNombre(objetivo->aliasSql),
+                                                             sets.join(QStringLiteral(", ")));
+            if (s.where) r.sql += QStringLiteral(" WHERE ") + expr(*s.where);
+        } else {
+            QStringList desde;
+            for (const auto& f : s.from) desde << fuente(*f);
+            // The values come from the joined row of the target row; a correlated lookup per row keeps the
+            // join's meaning, including a LEFT JOIN's missing rows.
+            QStringList sets2;
+            for (const auto& a : s.asignaciones) {
+                sets2 << CitaNombre(a.columna) + QStringLiteral(" = (SELECT ") +
+                             conversion(expr(*a.valor), *destino->campo(a.columna)) + QStringLiteral(" FROM ") +
+                             desde.join(QStringLiteral(", ")) + QStringLiteral(" WHERE %1.rowid = w.rowid)").arg(CitaNombre(objetivo->aliasSql));
+            }
+            QString filtro = QStringLiteral("SELECT %1.rowid FROM %2").arg(CitaNombre(objetivo->aliasSql), desde.join(QStringLiteral(", ")));
+            if (s.where) filtro += QStringLiteral(" WHERE ") + expr(*s.where);
+            r.sql = QStringLiteral("UPDATE %1 AS w SET %2 WHERE w.rowid IN (%3)")
+                        .arg(nombreTabla(*objetivo), sets2.join(QStringLiteral(", ")), filtro);
+        }
+        return r;
+    }
+    case Sentencia::Borrado: {
+        const FuenteFrom* objetivo = nullptr;
+        std::function<void(const FuenteFrom&)> busca = [&](const FuenteFrom& f) {
+            if (f.clase == FuenteFrom::Join) { busca(*f.izquierda); busca(*f.derecha); }
+            else if (f.aliasSql == s.objetivoBorrado) objetivo = &f;
+        };
+        for (const auto& f : s.from) busca(*f);
+        const bool simple = s.from.size() == 1 && s.from[0]->clase == FuenteFrom::Tabla;
+        if (simple) {
+            r.sql = QStringLiteral("DELETE FROM %1 AS %2").arg(nombreTabla(*objetivo), CitaNombre(objetivo->aliasSql));
+            if (s.where) r.sql += QStringLiteral(" WHERE ") + expr(*s.where);
+        } else {
+            QStringList desde;
+            for (const auto& f : s.from) desde << fuente(*f);
+            QString filtro = QStringLiteral("SELECT %1.rowid FROM %2").arg(CitaNombre(objetivo->aliasSql), desde.join(QStringLiteral(", ")));
+            if (s.where) filtro += QStringLiteral(" WHERE ") + expr(*s.where);
+            r.sql = QStringLiteral("DELETE FROM %1 WHERE rowid IN (%2)").arg(nombreTabla(*objetivo), filtro);
+        }
+        return r;
+    }
+    default:
+        Lanza(ErrSentenciaNoValida);
+    }
+}
+
+QString EmisorSqlite::select(const Select& s, bool conRowid, Emision* salida) {
+    if (s.uniones.empty()) return nucleo(s, conRowid, salida);
+    QString sql = QStringLiteral("SELECT * FROM (") + nucleo(s, false, nullptr) + u')';
+    for (const auto& m : s.uniones) {
+        sql += m.all ? QStringLiteral(" UNION ALL ") : QStringLiteral(" UNION ");
+        sql += QStringLiteral("SELECT * FROM (") + select(*m.select, false, nullptr) + u')';
+    }
+    if (!s.ordenUnion.empty()) {
+        QStringList orden;
+        for (const auto& o : s.ordenUnion) {
+            const int i = o.expr->columnaSub;
+            QString t = QString::number(i + 1);
+            if (EsTexto(s.salida[static_cast<size_t>(i)].tipo)) t += QLatin1String(Colacion);
+            if (o.desc) t += QStringLiteral(" DESC");
+            orden << t;
+        }
+        sql += QStringLiteral(" ORDER BY ") + orden.join(QStringLiteral(", "));
+    }
+    return sql;
+}
+
+QString EmisorSqlite::nucleo(const Select& s, bool conRowid, Emision* salida) {
+    QString sql = QStringLiteral("SELECT ");
+    if (s.distinct) sql += QStringLiteral("DISTINCT ");
+    QStringList items;
+    for (size_t i = 0; i < s.expandidos.size(); ++i) {
+        const Expr& e = *s.expandidos[i].expr;
+        QString t = expr(e);
+        if (s.distinct && EsTexto(e.tipoDato)) t += QLatin1String(Colacion);
+        items << t + QStringLiteral(" AS c%1").arg(i);
+    }
+    const bool unaTabla = s.from.size() == 1 && s.from[0]->clase == FuenteFrom::Tabla;
+    const bool actualizable = unaTabla && !s.agregada && !s.distinct && s.uniones.empty();
+    if (conRowid && actualizable) {
+        items << CitaNombre(s.from[0]->aliasSql) + QStringLiteral(".rowid AS c_rowid");
+        if (salida) {
+            salida->actualizable = true;
+            salida->tablaBase = s.from[0]->def->nombre;
+        }
+    }
+    sql += items.join(QStringLiteral(", "));
+    if (!s.from.empty()) {
+        QStringList desde;
+        for (const auto& f : s.from) desde << fuente(*f);
+        sql += QStringLiteral(" FROM ") + desde.join(QStringLiteral(", "));
+    }
+    if (s.where) sql += QStringLiteral(" WHERE ") + expr(*s.where);
+    if (!s.groupBy.empty()) {
+        QStringList g;
+        for (const auto& e : s.groupBy) g << expr(*e) + (EsTexto(e->tipoDato) ? QLatin1String(Colacion) : QLatin1String(""));
+        sql += QStringLiteral(" GROUP BY ") + g.join(QStringLiteral(", "));
+    }
+    if (s.having) sql += QStringLiteral(" HAVING ") + expr(*s.having);
+    if (!s.orderBy.empty()) {
+        QStringList orden;
+        for (const auto& o : s.orderBy) {
+            const Expr& e = *o.expr;
+            QString t;
+            TipoCampo tipo = e.tipoDato;
+            if (e.tipo == TipoExpr::Literal && e.columnaSub >= 0) {
+                t = QString::number(e.columnaSub + 1);
+                tipo = s.expandidos[static_cast<size_t>(e.columnaSub)].expr->tipoDato;
+            } else if (e.tipo == TipoExpr::Columna && e.alias) {
+                t = QString::number(e.columnaSub + 1);
+            } else {
+                t = expr(e);
+            }
+            if (EsTexto(tipo)) t += QLatin1String(Colacion);
+            if (o.desc) t += QStringLiteral(" DESC");
+            orden << t;
+        }
+        sql += QStringLiteral(" ORDER BY ") + orden.join(QStringLiteral(", "));
+    }
+    if (s.top >= 0) {
+        if (s.topPercent) {
+            QString sinLimite = sql;
+            sql += QStringLiteral(" LIMIT (SELECT (COUNT(*) * %1 + 99) / 100 FROM (%2))").arg(s.top).arg(sinLimite);
+        } else {
+            sql += QStringLiteral(" LIMIT %1").arg(s.top);
+        }
+    }
+    return sql;
+}
+
+QString EmisorSqlite::fuente(const FuenteFrom& f) {
+    switch (f.clase) {
+    case FuenteFrom::Tabla:
+        return nombreTabla(f) + QStringLiteral(" AS ") + CitaNombre(f.aliasSql);
+    case FuenteFrom::Derivada:
+        return u'(' + select(*f.sub, false, nullptr) + QStringLiteral(") AS ") + CitaNombre(f.aliasSql);
+    case FuenteFrom::Join: {
+        QString der = fuente(*f.derecha);
+        if (f.derecha->clase == FuenteFrom::Join) der = u'(' + der + u')';
+        QString tipo = f.tipoJoin == QLatin1String("LEFT") ? QStringLiteral(" LEFT JOIN ")
+                       : f.tipoJoin == QLatin1String("RIGHT") ? QStringLiteral(" RIGHT JOIN ")
+                                                              : QStringLiteral(" INNER JOIN ");
+        QString izq = fuente(*f.izquierda);
+        if (f.izquierda->clase == FuenteFrom::Join) izq = u'(' + izq + u')';
+        return izq + tipo + der + QStringLiteral(" ON ") + expr(*f.on);
+    }
+    }
+    return {};
+}
+
+QString EmisorSqlite::expresion(const Expr& e) { return expr(e); }
+
+QString EmisorSqlite::comoTexto(const Expr& e) {
+    if (EsTexto(e.tipoDato)) return expr(e);
+    if (e.tipo == TipoExpr::Literal) {
+        if (e.valor.isNull()) return QStringLiteral("NULL");
+        return CitaTexto(e.valor.toString());
+    }
+    return QStringLiteral("jet_str(%1, %2)").arg(expr(e)).arg(static_cast<int>(e.tipoDato));
+}
+
+QString EmisorSqlite::comoNumero(const Expr& e) {
+    if (EsTexto(e.tipoDato) || e.tipoDato == TipoCampo::Ninguno) return QStringLiteral("jet_num(%1)").arg(expr(e));
+    return expr(e);
+}
+
+QString EmisorSqlite::binario(const Expr& e) {
+    const Expr& a = *e.args[0];
+    const Expr& b = *e.args[1];
+    const QString& op = e.op;
+    if (EsComparacion(op)) {
+        const bool texto = EsTexto(a.tipoDato) || EsTexto(b.tipoDato);
+        const bool numerico = EsNumerico(a.tipoDato) || EsNumerico(b.tipoDato);
+        if (texto && numerico) {
+            return QStringLiteral("(%1 %2 %3)").arg(comoNumero(a), op, comoNumero(b));
+        }
+        if (texto) return QStringLiteral("(%1 %2 (%3)%4)").arg(expr(a), op, expr(b), QLatin1String(Colacion));
+        return QStringLiteral("(%1 %2 %3)").arg(expr(a), op, expr(b));
+    }
+    if (op == "AND" || op == "OR") return QStringLiteral("(%1 %2 %3)").arg(expr(a), op, expr(b));
+    if (op == "XOR") return QStringLiteral("((%1 <> 0) <> (%2 <> 0))").arg(expr(a), expr(b));
+    if (op == "EQV") return QStringLiteral("((%1 <> 0) = (%2 <> 0))").arg(expr(a), expr(b));
+    if (op == "IMP") return QStringLiteral("((%1 = 0) OR (%2 <> 0))").arg(expr(a), expr(b));
+    if (op == "&") return QStringLiteral("jet_cat(%1, %2)").arg(comoTexto(a), comoTexto(b));
+    if (op == "+" && EsTexto(a.tipoDato) && EsTexto(b.tipoDato)) return QStringLiteral("(%1 || %2)").arg(expr(a), expr(b));
+    if ((op == "+" || op == "-") && (a.tipoDato == TipoCampo::Date || b.tipoDato == TipoCampo::Date)) {
+        if (op == "-" && a.tipoDato == TipoCampo::Date && b.tipoDato == TipoCampo::Date)
+            return QStringLiteral("jet_fecha_dif(%1, %2)").arg(expr(a), expr(b));
+        if (a.tipoDato == TipoCampo::Date)
+            return QStringLiteral("jet_fecha_mas(%1, %2%3)").arg(expr(a), op == "-" ? QStringLiteral("-") : QString(), comoNumero(b));
+        return QStringLiteral("jet_fecha_mas(%1, %2)").arg(expr(b), comoNumero(a));
+    }
+    if (op == "/") return QStringLiteral("(CAST(%1 AS REAL) / %2)").arg(comoNumero(a), comoNumero(b));
+    if (op == "\\") return QStringLiteral("jet_divent(%1, %2)").arg(comoNumero(a), comoNumero(b));
+    if (op == "MOD") return QStringLiteral("jet_mod(%1, %2)").arg(comoNumero(a), comoNumero(b));
+    if (op == "^") return QStringLiteral("jet_pot(%1, %2)").arg(comoNumero(a), comoNumero(b));
+    return QStringLiteral("(%1 %2 %3)").arg(comoNumero(a), op, comoNumero(b));
+}
+
+QString EmisorSqlite::funcion(const Expr& e) {
+    const QString n = e.nombre.toUpper();
+    auto arg = [&](size_t i) { return expr(*e.args[i]); };
+    if (n == "COUNT") {
+        if (e.args[0]->tipo == TipoExpr::Estrella) return QStringLiteral("count(*)");
+        return QStringLiteral("count(%1)").arg(arg(0));
+    }
+    if (n == "SUM" || n == "AVG") return QStringLiteral("%1(%2)").arg(n.toLower(), comoNumero(*e.args[0]));
+    if (n == "MIN" || n == "MAX")
+        return QStringLiteral("%1(%2%3)").arg(n.toLower(), arg(0), EsTexto(e.args[0]->tipoDato) ? QLatin1String(Colacion) : QLatin1String(""));
+    if (n == "IIF") return QStringLiteral("(CASE WHEN %1 THEN %2 ELSE %3 END)").arg(arg(0), arg(1), arg(2));
+    if (n == "ISNULL") return QStringLiteral("(%1 IS NULL)").arg(arg(0));
+    if (n == "NZ") return QStringLiteral("coalesce(%1, %2)").arg(arg(0), e.args.size() > 1 ? arg(1) : QStringLiteral("0"));
+    if (n == "ABS") return QStringLiteral("abs(%1)").arg(comoNumero(*e.args[0]));
+    if (n == "CSTR" || n == "STR") return comoTexto(*e.args[0]);
+    if (n == "FORMAT") {
+        QString r = QStringLiteral("jet_format(%1, %2").arg(arg(0)).arg(static_cast<int>(e.args[0]->tipoDato));
+        if (e.args.size() > 1) r += QStringLiteral(", ") + comoTexto(*e.args[1]);
+        return r + u')';
+    }
+    if (n == "NOW" || n == "DATE") return QStringLiteral("jet_%1()").arg(n.toLower());
+    if (n == "CVDATE" || n == "DATEVALUE") return QStringLiteral("jet_cdate(%1)").arg(arg(0));
+    QStringList args;
+    for (const auto& a : e.args) {
+        // Text functions read typed values as text; the others get what SQLite holds.
+        const bool textual = n == "MID" || n == "LEFT" || n == "RIGHT" || n == "LEN" || n.endsWith("TRIM") ||
+                             n == "UCASE" || n == "LCASE" || n == "REPLACE" || n == "VAL";
+        args << (textual && &a == &e.args[0] ? comoTexto(*a) : expr(*a));
+    }
+    return QStringLiteral("jet_%1(%2)").arg(n.toLower(), args.join(QStringLiteral(", ")));
+}
+
+QString EmisorSqlite::expr(const Expr& e) {
+    switch (e.tipo) {
+    case TipoExpr::Literal:
+        return Literal(e.valor);
+    case TipoExpr::Columna:
+        if (e.parametro >= 0) return QStringLiteral("?%1").arg(e.parametro + 1);
+        if (e.alias) return u'(' + expr(*e.alias) + u')';
+        if (e.campo) return CitaNombre(e.fuente->aliasSql) + u'.' + CitaNombre(e.campo->nombre);
+        if (e.fuente && e.columnaSub >= 0) return CitaNombre(e.fuente->aliasSql) + QStringLiteral(".c%1").arg(e.columnaSub);
+        Lanza(ErrPocosParametros, QStringLiteral("1"));
+    case TipoExpr::Estrella:
+        return QStringLiteral("*");
+    case TipoExpr::Unario:
+        if (e.op == "NOT") return QStringLiteral("(NOT %1)").arg(expr(*e.args[0]));
+        return QStringLiteral("(%1%2)").arg(e.op, comoNumero(*e.args[0]));
+    case TipoExpr::Binario:
+        return binario(e);
+    case TipoExpr::Between: {
+        const bool texto = EsTexto(e.args[0]->tipoDato);
+        return QStringLiteral("(%1%2 %3BETWEEN %4 AND %5)")
+            .arg(expr(*e.args[0]), texto ? QLatin1String(Colacion) : QLatin1String(""),
+                 e.negado ? QStringLiteral("NOT ") : QString(), expr(*e.args[1]), expr(*e.args[2]));
+    }
+    case TipoExpr::EnLista: {
+        QStringList l;
+        for (size_t i = 1; i < e.args.size(); ++i) l << expr(*e.args[i]);
+        const bool texto = EsTexto(e.args[0]->tipoDato);
+        return QStringLiteral("(%1%2 %3IN (%4))")
+            .arg(expr(*e.args[0]), texto ? QLatin1String(Colacion) : QLatin1String(""),
+                 e.negado ? QStringLiteral("NOT ") : QString(), l.join(QStringLiteral(", ")));
+    }
+    case TipoExpr::EnSelect: {
+        const bool texto = EsTexto(e.args[0]->tipoDato);
+        return QStringLiteral("(%1%2 %3IN (%4))")
+            .arg(expr(*e.args[0]), texto ? QLatin1String(Colacion) : QLatin1String(""),
+                 e.negado ? QStringLiteral("NOT ") : QString(), select(*e.sub));
+    }
+    case TipoExpr::Exists:
+        return QStringLiteral("EXISTS (%1)").arg(select(*e.sub));
+    case TipoExpr::EsNulo:
+        return QStringLiteral("(%1 IS %2NULL)").arg(expr(*e.args[0]), e.negado ? QStringLiteral("NOT ") : QString());
+    case TipoExpr::Like:
+        return QStringLiteral("(%1jet_like(%2, %3))")
+            .arg(e.negado ? QStringLiteral("NOT ") : QString(), comoTexto(*e.args[0]), comoTexto(*e.args[1]));
+    case TipoExpr::Funcion:
+        return funcion(e);
+    case TipoExpr::Subconsulta:
+        return u'(' + select(*e.sub) + u')';
+    }
+    return {};
+}
+
+}  // namespace jet

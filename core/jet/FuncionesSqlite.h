@@ -1,0 +1,38 @@
+#pragma once
+// What SQLite needs to give the dialect its meaning: the text collation (case-blind, accents kept, ñ after
+// n), LIKE with the dialect's wildcards, the functions of the dialect, the write-time conversion of every
+// value to its field's type, and the mapping between values and the stored form of each type.
+#include "core/jet/Catalogo.h"
+#include "core/vb/Variant.h"
+
+struct sqlite3;
+struct sqlite3_stmt;
+struct sqlite3_value;
+struct sqlite3_context;
+
+namespace jet {
+
+void RegistraFunciones(sqlite3* db);
+
+// The collation: <0, 0, >0. 'ÁLVAREZ' equals 'álvarez'; 'alvarez' and 'álvarez' differ but sort together.
+int ComparaTexto(const QString& a, const QString& b);
+
+// LIKE: * any run, ? one character, # one digit, [abc] [a-z] [!abc]; case-blind.
+bool Coincide(const QString& valor, const QString& patron);
+
+// A value in the stored form of a type and back.
+vb::Variant LeeColumna(sqlite3_stmt* st, int columna, TipoCampo tipo);
+vb::Variant LeeValor(sqlite3_value* v, TipoCampo tipo);
+void Enlaza(sqlite3_stmt* st, int indice, const vb::Variant& valor);   // 1-based, stored form
+
+// A value made fit for a field: converted to its type, or refused with the engine's error (3314 required,
+// 3315 zero length, 3163 too long, 3349 overflow, 3464 type mismatch).
+vb::Variant ConvierteParaCampo(const vb::Variant& valor, const CampoDef& campo);
+
+// Errors raised inside SQLite functions travel in the message as "JET:<número>:<argumento>".
+bool ErrorDeFuncion(const QString& mensaje, int& numero, QString& argumento);
+
+// The text of a value as the dialect's & and Jet's string conversion write it.
+QString TextoDe(const vb::Variant& v);
+
+}  // namespace jet
