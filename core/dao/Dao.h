@@ -3,6 +3,7 @@
 // with the constants under their DAO names.
 #include "core/jet/Ast.h"
 #include "core/jet/Catalogo.h"
+#include "core/jet/FuncionesSqlite.h"
 #include "core/vb/Error.h"
 #include "core/vb/Variant.h"
 
@@ -55,13 +56,14 @@ public:
     void setAllowZeroLength(bool z) { def_.permiteLongitudCero = z; }
     void setSize(int s) { def_.tamano = s; }
 
-    vb::Variant Value() const;
+    inline vb::Variant Value() const;
     void setValue(const vb::Variant& v);
     Field& operator=(const vb::Variant& v) { setValue(v); return *this; }
 
     const jet::CampoDef& definicion() const { return def_; }
 
 private:
+    [[noreturn]] static vb::Variant definicionSinValor();
     friend class Recordset;
     friend class TableDef;
     friend class FieldsCollection;
@@ -76,7 +78,10 @@ private:
 class FieldsCollection {
 public:
     int Count() const { return static_cast<int>(campos_.size()); }
-    Field& operator[](int i);                       // 3265 out of range
+    Field& operator[](int i) {                      // 3265 out of range
+        if (i < 0 || i >= Count()) fueraDeRango();
+        return *campos_[static_cast<size_t>(i)];
+    }
     Field& operator[](const QString& nombre);       // case-blind; 3265 if absent
     Field* busca(const QString& nombre);
     void Append(const Field& f);                    // on a table definition
@@ -89,6 +94,7 @@ private:
     friend class TableDef;
     friend class TableDefsCollection;
     friend class Database;
+    [[noreturn]] static void fueraDeRango();
     std::vector<std::unique_ptr<Field>> campos_;
     TableDef* tabla_ = nullptr;
 };
@@ -256,14 +262,42 @@ private:
     bool trae();                          // one more row from SQLite; false at the end
     void traeTodo();
     void situa(long indice);              // current row by index, fetching as needed
-    vb::Variant valor(int columna) const;
+    inline vb::Variant valor(int columna) const;
+    vb::Variant valorLento(int columna) const;
     void asigna(int columna, const vb::Variant& v);
     void busca(const QString& criterio, bool adelante, long desde);
     void exigeActual() const;
+    vb::Variant valorEn(long fila, int columna) const;
+    void olvidaFila() const { filaEnCache_ = -1; }
 
-    struct Fila {
-        std::vector<vb::Variant> valores;
-        qint64 rowid = 0;
+    // The rows read so far, kept as SQLite gave them (storage class and bytes, one run of bytes for all)
+    // and read as their column's type only when asked for: a walk over many rows costs little more than
+    // the step itself.
+    class Filas {
+    public:
+        void reinicia(int ancho);
+        long size() const { return static_cast<long>(inicio_.size()); }
+        bool empty() const { return inicio_.empty(); }
+        qint64 rowid(long i) const { return ids_[static_cast<size_t>(i)]; }
+        void agregaDeSentencia(sqlite3_stmt* st, qint64 rowid);
+        void agregaClave(qint64 rowid) { inicio_.push_back(nullptr); ids_.push_back(rowid); }
+        void agrega(const vb::Variant* valores, qint64 rowid);
+        void reemplaza(long i, const vb::Variant* valores);
+        jet::ValorCrudo crudo(long fila, int columna) const;
+        vb::Variant valor(long fila, int columna, jet::TipoCampo tipo) const { return jet::DeCrudo(crudo(fila, columna), tipo); }
+        void borra(long i);
+
+    private:
+        int ancho_ = 0;
+        // Rows are written into blocks that never move, each row in one piece.
+        std::vector<std::unique_ptr<char[]>> bloques_;
+        size_t libre_ = 0;                 // bytes left in the last block
+        char* cursor_ = nullptr;
+        std::vector<const char*> inicio_;
+        std::vector<qint64> ids_;
+        std::vector<jet::ValorCrudo> lectura_;   // one row as it is read, reused
+        char* reserva(size_t bytes);
+        void escribe(const jet::ValorCrudo* valores);
     };
     Database* db_ = nullptr;
     QString nombre_;
@@ -276,7 +310,15 @@ private:
     int columnaRowid_ = -1;
     std::optional<jet::TablaDef> tabla_;
     FieldsCollection campos_;
-    std::vector<Fila> filas_;
+    Filas filas_;
+    // A dynaset over one table keeps only the row ids it has met and reads each row's values live: from the
+    // statement while it stands on that row, otherwise by its id.
+    bool porClave_ = false;
+    QString sqlPorFila_;
+    sqlite3_stmt* stFila_ = nullptr;
+    long filaEnSentencia_ = -1;
+    mutable long filaEnCache_ = -1;
+    mutable std::vector<vb::Variant> cache_;
     bool completo_ = false;
     long pos_ = 0;                        // index of the current row
     bool bof_ = true, eof_ = true;
@@ -287,5 +329,19 @@ private:
     bool noMatch_ = true;
     bool cerrado_ = false;
 };
+
+// The read of a value on a forward walk, kept inline: the current row of a dynaset read straight from the
+// statement.
+inline vb::Variant Recordset::valor(int columna) const {
+    if (modo_ == dbEditNone && porClave_ && pos_ == filaEnSentencia_ && !bof_ && !eof_ && !actualBorrado_ &&
+        static_cast<size_t>(columna) < tipos_.size())
+        return jet::LeeColumna(st_, columna, tipos_[static_cast<size_t>(columna)]);
+    return valorLento(columna);
+}
+
+inline vb::Variant Field::Value() const {
+    if (!rs_) return definicionSinValor();
+    return rs_->valor(indice_);
+}
 
 }  // namespace dao

@@ -8,16 +8,167 @@
 
 #include <sqlite3.h>
 
+#include <cstring>
+
 namespace dao {
 
 using namespace jet;
 
 Recordset::~Recordset() { Close(); }
 
+void Recordset::Filas::reinicia(int ancho) {
+    ancho_ = ancho;
+    bloques_.clear();
+    libre_ = 0;
+    cursor_ = nullptr;
+    inicio_.clear();
+    ids_.clear();
+}
+
+char* Recordset::Filas::reserva(size_t bytes) {
+    constexpr size_t Bloque = 256 * 1024;
+    if (bytes > libre_) {
+        const size_t tamano = std::max(Bloque, bytes);
+        bloques_.emplace_back(new char[tamano]);
+        cursor_ = bloques_.back().get();
+        libre_ = tamano;
+    }
+    char* p = cursor_;
+    cursor_ += bytes;
+    libre_ -= bytes;
+    return p;
+}
+
+namespace {
+
+size_t Tamano(const ValorCrudo& v) {
+    switch (v.clase) {
+    case SQLITE_INTEGER:
+    case SQLITE_FLOAT: return 1 + 8;
+    case SQLITE_TEXT:
+    case SQLITE_BLOB: return 1 + sizeof(qint32) + static_cast<size_t>(v.bytes);
+    default: return 1;
+    }
+}
+
+}  // namespace
+
+void Recordset::Filas::escribe(const ValorCrudo* valores) {
+    size_t total = 0;
+    for (int i = 0; i < ancho_; ++i) total += Tamano(valores[i]);
+    char* p = reserva(total);
+    inicio_.push_back(p);
+    for (int i = 0; i < ancho_; ++i) {
+        const ValorCrudo& v = valores[i];
+        *p++ = static_cast<char>(v.clase);
+        switch (v.clase) {
+        case SQLITE_INTEGER: std::memcpy(p, &v.entero, 8); p += 8; break;
+        case SQLITE_FLOAT: std::memcpy(p, &v.real, 8); p += 8; break;
+        case SQLITE_TEXT:
+        case SQLITE_BLOB: {
+            const qint32 bytes = v.bytes;
+            std::memcpy(p, &bytes, sizeof bytes);
+            p += sizeof bytes;
+            if (bytes > 0) std::memcpy(p, v.texto, static_cast<size_t>(bytes));
+            p += bytes;
+            break;
+        }
+        default: break;
+        }
+    }
+}
+
+void Recordset::Filas::agregaDeSentencia(sqlite3_stmt* st, qint64 rowid) {
+    if (lectura_.size() != static_cast<size_t>(ancho_)) lectura_.resize(static_cast<size_t>(ancho_));
+    ValorCrudo* v = lectura_.data();
+    for (int i = 0; i < ancho_; ++i) v[i] = CrudoDeColumna(st, i);
+    escribe(v);
+    ids_.push_back(rowid);
+}
+
+namespace {
+
+// A value in its stored form, with the bytes of its text kept alive by `texto`.
+ValorCrudo CrudoDeVariante(const vb::Variant& v, QByteArray& texto) {
+    ValorCrudo c;
+    switch (v.type()) {
+    case vb::VarType::Empty:
+    case vb::VarType::Null: break;
+    case vb::VarType::Integer:
+    case vb::VarType::Long:
+    case vb::VarType::Byte: c.clase = SQLITE_INTEGER; c.entero = v.toLong(); break;
+    case vb::VarType::Boolean: c.clase = SQLITE_INTEGER; c.entero = v.toBool() ? -1 : 0; break;
+    case vb::VarType::Currency: c.clase = SQLITE_FLOAT; c.real = v.toCurrency().toDouble(); break;
+    case vb::VarType::Single:
+    case vb::VarType::Double: c.clase = SQLITE_FLOAT; c.real = v.toDouble(); break;
+    case vb::VarType::Date:
+    case vb::VarType::String:
+        texto = v.type() == vb::VarType::Date ? v.toDate().toIso().toUtf8() : v.toString().toUtf8();
+        c.clase = SQLITE_TEXT;
+        c.texto = texto.constData();
+        c.bytes = static_cast<int>(texto.size());
+        break;
+    }
+    return c;
+}
+
+}  // namespace
+
+void Recordset::Filas::agrega(const vb::Variant* valores, qint64 rowid) {
+    std::vector<QByteArray> textos(static_cast<size_t>(ancho_));
+    std::vector<ValorCrudo> crudos(static_cast<size_t>(ancho_));
+    for (int i = 0; i < ancho_; ++i) crudos[static_cast<size_t>(i)] = CrudoDeVariante(valores[i], textos[static_cast<size_t>(i)]);
+    escribe(crudos.data());
+    ids_.push_back(rowid);
+}
+
+void Recordset::Filas::reemplaza(long fila, const vb::Variant* valores) {
+    // The new values are written anew; the row's old bytes are left unused.
+    std::vector<QByteArray> textos(static_cast<size_t>(ancho_));
+    std::vector<ValorCrudo> crudos(static_cast<size_t>(ancho_));
+    for (int i = 0; i < ancho_; ++i) crudos[static_cast<size_t>(i)] = CrudoDeVariante(valores[i], textos[static_cast<size_t>(i)]);
+    escribe(crudos.data());
+    inicio_[static_cast<size_t>(fila)] = inicio_.back();
+    inicio_.pop_back();
+}
+
+void Recordset::Filas::borra(long fila) {
+    inicio_.erase(inicio_.begin() + fila);
+    ids_.erase(ids_.begin() + fila);
+}
+
+ValorCrudo Recordset::Filas::crudo(long fila, int columna) const {
+    const char* p = inicio_[static_cast<size_t>(fila)];
+    for (int i = 0;; ++i) {
+        ValorCrudo v;
+        v.clase = static_cast<unsigned char>(*p++);
+        switch (v.clase) {
+        case SQLITE_INTEGER: std::memcpy(&v.entero, p, sizeof v.entero); p += sizeof v.entero; break;
+        case SQLITE_FLOAT: std::memcpy(&v.real, p, sizeof v.real); p += sizeof v.real; break;
+        case SQLITE_TEXT:
+        case SQLITE_BLOB: {
+            qint32 n = 0;
+            std::memcpy(&n, p, sizeof n);
+            p += sizeof n;
+            v.texto = p;
+            v.bytes = n;
+            p += n;
+            break;
+        }
+        default: break;
+        }
+        if (i == columna) return v;
+    }
+}
+
 void Recordset::Close() {
     if (st_) {
         sqlite3_finalize(st_);
         st_ = nullptr;
+    }
+    if (stFila_) {
+        sqlite3_finalize(stFila_);
+        stFila_ = nullptr;
     }
     cerrado_ = true;
 }
@@ -39,6 +190,14 @@ void Recordset::abre() {
         else actualizable_ = false;
     }
     columnaRowid_ = actualizable_ ? static_cast<int>(columnas_.size()) : -1;
+    porClave_ = actualizable_;
+    sqlPorFila_ = e.sqlPorFila;
+    filaEnSentencia_ = -1;
+    filaEnCache_ = -1;
+    if (stFila_) {
+        sqlite3_finalize(stFila_);
+        stFila_ = nullptr;
+    }
     tipos_.clear();
     for (const auto& c : columnas_) tipos_.push_back(c.tipo);
 
@@ -70,7 +229,7 @@ void Recordset::abre() {
         st_ = nullptr;
         db_->lanzaSqlite(rc);
     }
-    filas_.clear();
+    filas_.reinicia(static_cast<int>(tipos_.size()));
     completo_ = false;
     modo_ = dbEditNone;
     actualBorrado_ = false;
@@ -88,15 +247,16 @@ bool Recordset::trae() {
     if (completo_ || !st_) return false;
     const int rc = sqlite3_step(st_);
     if (rc == SQLITE_ROW) {
-        Fila f;
-        const int n = static_cast<int>(tipos_.size());
-        f.valores.reserve(static_cast<size_t>(n));
-        for (int i = 0; i < n; ++i) f.valores.push_back(LeeColumna(st_, i, tipos_[static_cast<size_t>(i)]));
-        if (columnaRowid_ >= 0) f.rowid = sqlite3_column_int64(st_, columnaRowid_);
-        filas_.push_back(std::move(f));
+        if (porClave_) {
+            filas_.agregaClave(sqlite3_column_int64(st_, columnaRowid_));
+            filaEnSentencia_ = filas_.size() - 1;
+        } else {
+            filas_.agregaDeSentencia(st_, 0);
+        }
         return true;
     }
     completo_ = true;
+    filaEnSentencia_ = -1;
     if (rc != SQLITE_DONE) {
         sqlite3_reset(st_);
         db_->lanzaSqlite(rc);
@@ -112,7 +272,7 @@ void Recordset::traeTodo() {
 
 void Recordset::exigeActual() const {
     if (cerrado_) Lanza(ErrOperacionNoValida);
-    if (bof_ || eof_ || actualBorrado_ || pos_ < 0 || pos_ >= static_cast<long>(filas_.size()))
+    if (bof_ || eof_ || actualBorrado_ || pos_ < 0 || pos_ >= filas_.size())
         Lanza(ErrNoHayRegistroActual);
 }
 
@@ -120,7 +280,7 @@ bool Recordset::Eof() { return eof_; }
 bool Recordset::Bof() { return bof_; }
 
 void Recordset::situa(long indice) {
-    while (indice >= static_cast<long>(filas_.size()) && trae()) {
+    while (indice >= filas_.size() && trae()) {
     }
     actualBorrado_ = false;
     if (indice < 0) {
@@ -129,8 +289,8 @@ void Recordset::situa(long indice) {
         eof_ = filas_.empty();
         return;
     }
-    if (indice >= static_cast<long>(filas_.size())) {
-        pos_ = static_cast<long>(filas_.size());
+    if (indice >= filas_.size()) {
+        pos_ = filas_.size();
         eof_ = true;
         bof_ = filas_.empty();
         return;
@@ -152,7 +312,7 @@ void Recordset::MoveLast() {
         situa(0);
         Lanza(ErrNoHayRegistroActual);
     }
-    situa(static_cast<long>(filas_.size()) - 1);
+    situa(filas_.size() - 1);
 }
 
 void Recordset::MoveNext() {
@@ -183,13 +343,13 @@ long Recordset::AbsolutePosition() {
 
 void Recordset::setAbsolutePosition(long p) {
     traeTodo();
-    if (p < 0 || p >= static_cast<long>(filas_.size())) Lanza(ErrOperacionNoValida);
+    if (p < 0 || p >= filas_.size()) Lanza(ErrOperacionNoValida);
     situa(p);
 }
 
 long Recordset::RecordCount() {
     traeTodo();
-    return static_cast<long>(filas_.size());
+    return filas_.size();
 }
 
 void Recordset::busca(const QString& criterio, bool adelante, long desde) {
@@ -206,13 +366,13 @@ void Recordset::busca(const QString& criterio, bool adelante, long desde) {
     }
     traeTodo();
     const int parametros = sqlite3_bind_parameter_count(st);
-    const long n = static_cast<long>(filas_.size());
+    const long n = filas_.size();
     long encontrado = -1;
     for (long i = desde; adelante ? i < n : i >= 0; i += adelante ? 1 : -1) {
         if (i < 0 || i >= n) continue;
         sqlite3_reset(st);
-        for (int p = 1; p <= parametros && p <= static_cast<int>(filas_[static_cast<size_t>(i)].valores.size()); ++p)
-            Enlaza(st, p, filas_[static_cast<size_t>(i)].valores[static_cast<size_t>(p - 1)]);
+        for (int p = 1; p <= parametros && p <= static_cast<int>(tipos_.size()); ++p)
+            Enlaza(st, p, valorEn(i, p - 1));
         rc = sqlite3_step(st);
         if (rc == SQLITE_ROW) {
             if (sqlite3_column_type(st, 0) != SQLITE_NULL && sqlite3_column_double(st, 0) != 0) {
@@ -231,14 +391,44 @@ void Recordset::busca(const QString& criterio, bool adelante, long desde) {
 }
 
 void Recordset::FindFirst(const QString& c) { busca(c, true, 0); }
-void Recordset::FindLast(const QString& c) { traeTodo(); busca(c, false, static_cast<long>(filas_.size()) - 1); }
+void Recordset::FindLast(const QString& c) { traeTodo(); busca(c, false, filas_.size() - 1); }
 void Recordset::FindNext(const QString& c) { busca(c, true, (bof_ ? -1 : actualBorrado_ ? pos_ - 1 : pos_) + 1); }
-void Recordset::FindPrevious(const QString& c) { busca(c, false, (eof_ ? static_cast<long>(filas_.size()) : pos_) - 1); }
+void Recordset::FindPrevious(const QString& c) { busca(c, false, (eof_ ? filas_.size() : pos_) - 1); }
 
-vb::Variant Recordset::valor(int columna) const {
+vb::Variant Recordset::valorLento(int columna) const {
     if (modo_ != dbEditNone) return buffer_[static_cast<size_t>(columna)];
     exigeActual();
-    return filas_[static_cast<size_t>(pos_)].valores[static_cast<size_t>(columna)];
+    return valorEn(pos_, columna);
+}
+
+vb::Variant Recordset::valorEn(long fila, int columna) const {
+    const TipoCampo tipo = tipos_[static_cast<size_t>(columna)];
+    if (!porClave_) return filas_.valor(fila, columna, tipo);
+    if (fila == filaEnSentencia_) return LeeColumna(st_, columna, tipo);
+    if (fila != filaEnCache_) {
+        if (!stFila_) {
+            const QByteArray u = sqlPorFila_.toUtf8();
+            auto* yo = const_cast<Recordset*>(this);
+            const int rc = sqlite3_prepare_v2(db_->sqlite(), u.constData(), static_cast<int>(u.size()), &yo->stFila_, nullptr);
+            if (rc != SQLITE_OK) db_->lanzaSqlite(rc);
+        }
+        sqlite3_reset(stFila_);
+        sqlite3_bind_int64(stFila_, 1, filas_.rowid(fila));
+        const int rc = sqlite3_step(stFila_);
+        if (rc == SQLITE_DONE) {
+            sqlite3_reset(stFila_);
+            Lanza(3167);                     // another hand deleted it
+        }
+        if (rc != SQLITE_ROW) {
+            sqlite3_reset(stFila_);
+            db_->lanzaSqlite(rc);
+        }
+        cache_.clear();
+        for (size_t i = 0; i < tipos_.size(); ++i) cache_.push_back(LeeColumna(stFila_, static_cast<int>(i), tipos_[i]));
+        sqlite3_reset(stFila_);
+        filaEnCache_ = fila;
+    }
+    return cache_[static_cast<size_t>(columna)];
 }
 
 void Recordset::asigna(int columna, const vb::Variant& v) {
@@ -297,7 +487,8 @@ void Recordset::AddNew() {
 void Recordset::Edit() {
     if (!actualizable_) Lanza(ErrSoloLectura);
     exigeActual();
-    buffer_ = filas_[static_cast<size_t>(pos_)].valores;
+    buffer_.clear();
+    for (size_t i = 0; i < tipos_.size(); ++i) buffer_.push_back(valorEn(pos_, static_cast<int>(i)));
     cambiado_.assign(columnas_.size(), false);
     modo_ = dbEditInProgress;
 }
@@ -311,6 +502,7 @@ void Recordset::CancelUpdate() {
 
 void Recordset::Update() {
     if (modo_ == dbEditNone) Lanza(ErrSinAddNewNiEdit);
+    traeTodo();     // the scan ends before the table changes under it
     QStringList columnas;
     std::vector<vb::Variant> valores;
     for (size_t i = 0; i < columnas_.size(); ++i) {
@@ -359,7 +551,7 @@ void Recordset::Update() {
         db_->lanzaSqlite(rc);
     }
     for (size_t i = 0; i < valores.size(); ++i) Enlaza(st, static_cast<int>(i + 1), valores[i]);
-    if (modo_ == dbEditInProgress) sqlite3_bind_int64(st, static_cast<int>(valores.size() + 1), filas_[static_cast<size_t>(pos_)].rowid);
+    if (modo_ == dbEditInProgress) sqlite3_bind_int64(st, static_cast<int>(valores.size() + 1), filas_.rowid(pos_));
     rc = sqlite3_step(st);
     sqlite3_finalize(st);
     if (rc != SQLITE_DONE) db_->lanzaSqlite(rc);
@@ -371,16 +563,18 @@ void Recordset::Update() {
         fila[i] = campo ? ConvierteParaCampo(buffer_[i], CampoDef{*campo}) : buffer_[i];
     }
     if (modo_ == dbEditAdd) {
-        Fila f;
-        f.valores = std::move(fila);
-        f.rowid = sqlite3_last_insert_rowid(db_->sqlite());
         traeTodo();
         const bool vacio = filas_.empty();
-        filas_.push_back(std::move(f));
+        if (porClave_) filas_.agregaClave(sqlite3_last_insert_rowid(db_->sqlite()));
+        else filas_.agrega(fila.data(), sqlite3_last_insert_rowid(db_->sqlite()));
         if (vacio) situa(0);
-        else if (eof_) situa(static_cast<long>(filas_.size()) - 2 + 1);
     } else {
-        filas_[static_cast<size_t>(pos_)].valores = std::move(fila);
+        if (porClave_) {
+            if (filaEnSentencia_ == pos_) filaEnSentencia_ = -1;
+            olvidaFila();
+        } else {
+            filas_.reemplaza(pos_, fila.data());
+        }
     }
     modo_ = dbEditNone;
     buffer_.clear();
@@ -391,6 +585,7 @@ void Recordset::Delete() {
     if (!actualizable_) Lanza(ErrSoloLectura);
     if (modo_ != dbEditNone) CancelUpdate();
     exigeActual();
+    traeTodo();
     const QByteArray u = QStringLiteral("DELETE FROM %1 WHERE rowid = ?1").arg(CitaNombre(tabla_->nombre)).toUtf8();
     sqlite3_stmt* st = nullptr;
     int rc = sqlite3_prepare_v2(db_->sqlite(), u.constData(), static_cast<int>(u.size()), &st, nullptr);
@@ -398,11 +593,14 @@ void Recordset::Delete() {
         sqlite3_finalize(st);
         db_->lanzaSqlite(rc);
     }
-    sqlite3_bind_int64(st, 1, filas_[static_cast<size_t>(pos_)].rowid);
+    sqlite3_bind_int64(st, 1, filas_.rowid(pos_));
     rc = sqlite3_step(st);
     sqlite3_finalize(st);
     if (rc != SQLITE_DONE) db_->lanzaSqlite(rc);
-    filas_.erase(filas_.begin() + pos_);
+    filas_.borra(pos_);
+    olvidaFila();
+    if (filaEnSentencia_ == pos_) filaEnSentencia_ = -1;
+    else if (filaEnSentencia_ > pos_) --filaEnSentencia_;
     actualBorrado_ = true;
 }
 

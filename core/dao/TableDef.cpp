@@ -6,10 +6,7 @@ namespace dao {
 
 using namespace jet;
 
-vb::Variant Field::Value() const {
-    if (!rs_) Lanza(ErrOperacionNoValida);
-    return rs_->valor(indice_);
-}
+vb::Variant Field::definicionSinValor() { Lanza(ErrOperacionNoValida); }
 
 void Field::setValue(const vb::Variant& v) {
     if (!rs_) Lanza(ErrOperacionNoValida);
@@ -31,10 +28,7 @@ void Field::setDefaultValue(const QString& v) {
     if (tabla_ && tabla_->appended()) tabla_->db_->catalogo().cambiaPredeterminado(tabla_->nombre_, def_.nombre, v);
 }
 
-Field& FieldsCollection::operator[](int i) {
-    if (i < 0 || i >= Count()) Lanza(ErrElementoNoEncontrado);
-    return *campos_[static_cast<size_t>(i)];
-}
+void FieldsCollection::fueraDeRango() { Lanza(ErrElementoNoEncontrado); }
 
 Field* FieldsCollection::busca(const QString& nombre) {
     for (auto& f : campos_)

@@ -186,12 +186,12 @@ QString EmisorSqlite::nucleo(const Select& s, bool conRowid, Emision* salida) {
     }
     const bool unaTabla = s.from.size() == 1 && s.from[0]->clase == FuenteFrom::Tabla;
     const bool actualizable = unaTabla && !s.agregada && !s.distinct && s.uniones.empty();
-    if (conRowid && actualizable) {
+    if (conRowid && actualizable && salida) {
+        salida->actualizable = true;
+        salida->tablaBase = s.from[0]->def->nombre;
+        salida->sqlPorFila = QStringLiteral("SELECT %1 FROM %2 WHERE %3.rowid = ?1")
+                                 .arg(items.join(QStringLiteral(", ")), fuente(*s.from[0]), CitaNombre(s.from[0]->aliasSql));
         items << CitaNombre(s.from[0]->aliasSql) + QStringLiteral(".rowid AS c_rowid");
-        if (salida) {
-            salida->actualizable = true;
-            salida->tablaBase = s.from[0]->def->nombre;
-        }
     }
     sql += items.join(QStringLiteral(", "));
     if (!s.from.empty()) {

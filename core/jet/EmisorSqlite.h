@@ -15,6 +15,7 @@ struct Emision {
     // the row id as a hidden last column.
     bool actualizable = false;
     QString tablaBase;
+    QString sqlPorFila;    // the same columns of one row, by its row id (?1)
 };
 
 class EmisorSqlite {

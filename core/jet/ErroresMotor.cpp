@@ -33,6 +33,7 @@ const QHash<int, QString>& Textos() {
         {3065, QStringLiteral("No se puede ejecutar una consulta de selección.")},
         {3164, QStringLiteral("No se puede actualizar el campo.")},
         {3264, QStringLiteral("No hay ningún campo definido; no se puede anexar el objeto TableDef o Index.")},
+        {3167, QStringLiteral("El registro se eliminó.")},
         {3085, QStringLiteral("Función '%1' no definida en la expresión.")},
         {3122, QStringLiteral("Intentó ejecutar una consulta que no incluye la expresión especificada '%1' "
                               "como parte de una función de agregado.")},

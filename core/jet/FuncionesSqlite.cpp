@@ -8,10 +8,13 @@
 #include <sqlite3.h>
 
 #include <cmath>
+#include <cstring>
 #include <functional>
 #include <limits>
 
 namespace jet {
+
+std::optional<vb::Fecha> FechaAlmacenada(const char* p, int n);
 
 namespace {
 
@@ -216,63 +219,146 @@ QString TextoDe(const vb::Variant& v) {
     return v.toString();
 }
 
-vb::Variant LeeValor(sqlite3_value* v, TipoCampo tipo) {
-    const int clase = sqlite3_value_type(v);
-    if (clase == SQLITE_NULL) return vb::Variant::Null();
+vb::Variant DeCrudo(const ValorCrudo& v, TipoCampo tipo) {
+    auto natural = [&]() -> vb::Variant {
+        switch (v.clase) {
+        case SQLITE_INTEGER:
+            if (v.entero >= std::numeric_limits<qint32>::min() && v.entero <= std::numeric_limits<qint32>::max())
+                return vb::Variant::Long(static_cast<qint32>(v.entero));
+            return vb::Variant(static_cast<double>(v.entero));
+        case SQLITE_FLOAT: return vb::Variant(v.real);
+        case SQLITE_TEXT: return vb::Variant(QString::fromUtf8(v.texto, v.bytes));
+        case SQLITE_BLOB: return vb::Variant(QString::fromLatin1(v.texto, v.bytes));
+        default: return vb::Variant::Null();
+        }
+    };
+    auto entero = [&]() -> qint64 { return v.clase == SQLITE_FLOAT ? std::llround(v.real) : v.entero; };
+    if (v.clase == SQLITE_NULL) return vb::Variant::Null();
+    const bool numero = v.clase == SQLITE_INTEGER || v.clase == SQLITE_FLOAT;
     switch (tipo) {
-    case TipoCampo::Boolean: return vb::Variant(sqlite3_value_int64(v) != 0);
-    case TipoCampo::Byte: return vb::Variant::Byte(static_cast<quint8>(sqlite3_value_int64(v)));
-    case TipoCampo::Integer: {
-        const sqlite3_int64 i = sqlite3_value_int64(v);
-        if (i >= -32768 && i <= 32767) return vb::Variant::Integer(static_cast<qint16>(i));
-        return vb::Variant::Long(static_cast<qint32>(i));
+    case TipoCampo::Boolean:
+        return numero ? vb::Variant(entero() != 0) : natural();
+    case TipoCampo::Byte:
+        return numero ? vb::Variant::Byte(static_cast<quint8>(entero())) : natural();
+    case TipoCampo::Integer:
+    case TipoCampo::Long:
+        if (numero) {
+            const qint64 i = entero();
+            if (tipo == TipoCampo::Integer && i >= -32768 && i <= 32767) return vb::Variant::Integer(static_cast<qint16>(i));
+            if (i >= std::numeric_limits<qint32>::min() && i <= std::numeric_limits<qint32>::max())
+                return vb::Variant::Long(static_cast<qint32>(i));
+            return vb::Variant(static_cast<double>(i));
+        }
+        return natural();
+    case TipoCampo::Currency:
+        if (v.clase == SQLITE_INTEGER) return vb::Variant(vb::Currency::fromLong(v.entero));
+        if (v.clase == SQLITE_FLOAT) return vb::Variant(vb::Currency::fromDouble(v.real));
+        return natural();
+    case TipoCampo::Single:
+        return numero ? vb::Variant::Single(static_cast<float>(v.clase == SQLITE_FLOAT ? v.real : v.entero)) : natural();
+    case TipoCampo::Double:
+        return numero ? vb::Variant(v.clase == SQLITE_FLOAT ? v.real : static_cast<double>(v.entero)) : natural();
+    case TipoCampo::Date:
+        if (v.clase == SQLITE_TEXT) {
+            if (auto f = FechaAlmacenada(v.texto, v.bytes)) return vb::Variant(*f);
+            const QString t = QString::fromUtf8(v.texto, v.bytes);
+            if (auto f = vb::Fecha::fromIso(t)) return vb::Variant(*f);
+            return vb::Variant(t);
+        }
+        return numero ? vb::Variant(vb::Fecha::fromSerial(v.clase == SQLITE_FLOAT ? v.real : static_cast<double>(v.entero)))
+                      : natural();
+    case TipoCampo::Text:
+    case TipoCampo::Memo:
+        if (v.clase == SQLITE_TEXT) return vb::Variant(QString::fromUtf8(v.texto, v.bytes));
+        return vb::Variant(TextoDe(natural()));
+    default:
+        return natural();
     }
+}
+
+ValorCrudo CrudoDeValor(sqlite3_value* v) {
+    ValorCrudo c;
+    c.clase = sqlite3_value_type(v);
+    switch (c.clase) {
+    case SQLITE_INTEGER: c.entero = sqlite3_value_int64(v); break;
+    case SQLITE_FLOAT: c.real = sqlite3_value_double(v); break;
+    case SQLITE_TEXT:
+        c.texto = reinterpret_cast<const char*>(sqlite3_value_text(v));
+        c.bytes = sqlite3_value_bytes(v);
+        break;
+    case SQLITE_BLOB:
+        c.texto = static_cast<const char*>(sqlite3_value_blob(v));
+        c.bytes = sqlite3_value_bytes(v);
+        break;
+    default: break;
+    }
+    return c;
+}
+
+ValorCrudo CrudoDeColumna(sqlite3_stmt* st, int i) { return CrudoDeValor(sqlite3_column_value(st, i)); }
+
+vb::Variant LeeValor(sqlite3_value* v, TipoCampo tipo) { return DeCrudo(CrudoDeValor(v), tipo); }
+
+vb::Variant LeeColumna(sqlite3_stmt* st, int columna, TipoCampo tipo) {
+    sqlite3_value* v = sqlite3_column_value(st, columna);
+    const int clase = sqlite3_value_type(v);
+    // The stored form of each type, read straight; anything unusual goes the long way.
+    switch (tipo) {
+    case TipoCampo::Text:
+    case TipoCampo::Memo:
+        if (clase == SQLITE_TEXT)
+            return vb::Variant(QString::fromUtf8(reinterpret_cast<const char*>(sqlite3_value_text(v)), sqlite3_value_bytes(v)));
+        break;
     case TipoCampo::Long:
         if (clase == SQLITE_INTEGER) {
             const sqlite3_int64 i = sqlite3_value_int64(v);
             if (i >= std::numeric_limits<qint32>::min() && i <= std::numeric_limits<qint32>::max())
                 return vb::Variant::Long(static_cast<qint32>(i));
-            return vb::Variant(static_cast<double>(i));
         }
-        if (clase == SQLITE_FLOAT) return vb::Variant::Long(static_cast<qint32>(std::llround(sqlite3_value_double(v))));
-        return Natural(v);
+        break;
+    case TipoCampo::Integer:
+        if (clase == SQLITE_INTEGER) {
+            const sqlite3_int64 i = sqlite3_value_int64(v);
+            if (i >= -32768 && i <= 32767) return vb::Variant::Integer(static_cast<qint16>(i));
+        }
+        break;
     case TipoCampo::Currency:
-        if (clase == SQLITE_INTEGER) return vb::Variant(vb::Currency::fromLong(sqlite3_value_int64(v)));
         if (clase == SQLITE_FLOAT) return vb::Variant(vb::Currency::fromDouble(sqlite3_value_double(v)));
-        return Natural(v);
-    case TipoCampo::Single: return vb::Variant::Single(static_cast<float>(sqlite3_value_double(v)));
-    case TipoCampo::Double: return clase == SQLITE_TEXT ? Natural(v) : vb::Variant(sqlite3_value_double(v));
+        if (clase == SQLITE_INTEGER) return vb::Variant(vb::Currency::fromLong(sqlite3_value_int64(v)));
+        break;
     case TipoCampo::Date:
         if (clase == SQLITE_TEXT) {
-            const QString t = QString::fromUtf8(reinterpret_cast<const char*>(sqlite3_value_text(v)), sqlite3_value_bytes(v));
-            if (auto f = vb::Fecha::fromIso(t)) return vb::Variant(*f);
-            return vb::Variant(t);
+            if (auto f = FechaAlmacenada(reinterpret_cast<const char*>(sqlite3_value_text(v)), sqlite3_value_bytes(v)))
+                return vb::Variant(*f);
         }
-        return vb::Variant(vb::Fecha::fromSerial(sqlite3_value_double(v)));
-    case TipoCampo::Text:
-    case TipoCampo::Memo:
-        if (clase == SQLITE_TEXT)
-            return vb::Variant(QString::fromUtf8(reinterpret_cast<const char*>(sqlite3_value_text(v)), sqlite3_value_bytes(v)));
-        return vb::Variant(TextoDe(Natural(v)));
+        break;
     default:
-        return Natural(v);
+        break;
     }
+    return DeCrudo(CrudoDeValor(v), tipo);
 }
 
-vb::Variant LeeColumna(sqlite3_stmt* st, int columna, TipoCampo tipo) {
-    // The common cases straight from the statement, without the protected-value indirection.
-    const int clase = sqlite3_column_type(st, columna);
-    if (clase == SQLITE_NULL) return vb::Variant::Null();
-    if ((tipo == TipoCampo::Text || tipo == TipoCampo::Memo) && clase == SQLITE_TEXT) {
-        const char* p = reinterpret_cast<const char*>(sqlite3_column_text(st, columna));
-        return vb::Variant(QString::fromUtf8(p, sqlite3_column_bytes(st, columna)));
+std::optional<vb::Fecha> FechaAlmacenada(const char* p, int n) {
+    // "yyyy-mm-dd hh:nn:ss", the form every date is stored in. Rows of one query share few days, so the
+    // day part goes through a small cache.
+    if (n != 19 || p[4] != '-' || p[7] != '-' || p[10] != ' ' || p[13] != ':' || p[16] != ':') return std::nullopt;
+    for (int i : {0, 1, 2, 3, 5, 6, 8, 9, 11, 12, 14, 15, 17, 18})
+        if (static_cast<unsigned>(p[i] - '0') > 9u) return std::nullopt;
+    auto dos = [p](int i) { return (p[i] - '0') * 10 + (p[i + 1] - '0'); };
+    const int h = dos(11), mi = dos(14), se = dos(17);
+    if (h > 23 || mi > 59 || se > 59) return std::nullopt;
+    struct Entrada { char clave[10]; QDate dia; };
+    thread_local Entrada cache[256] = {};
+    unsigned hash = 0;
+    for (int i = 0; i < 10; ++i) hash = hash * 31u + static_cast<unsigned char>(p[i]);
+    Entrada& e = cache[hash & 255u];
+    if (std::memcmp(e.clave, p, 10) != 0 || !e.dia.isValid()) {
+        const QDate d(dos(0) * 100 + dos(2), dos(5), dos(8));
+        if (!d.isValid()) return std::nullopt;
+        std::memcpy(e.clave, p, 10);
+        e.dia = d;
     }
-    if (tipo == TipoCampo::Long && clase == SQLITE_INTEGER) {
-        const sqlite3_int64 i = sqlite3_column_int64(st, columna);
-        if (i >= std::numeric_limits<qint32>::min() && i <= std::numeric_limits<qint32>::max())
-            return vb::Variant::Long(static_cast<qint32>(i));
-    }
-    return LeeValor(sqlite3_column_value(st, columna), tipo);
+    return vb::Fecha(e.dia, QTime::fromMSecsSinceStartOfDay(((h * 60 + mi) * 60 + se) * 1000));
 }
 
 void Enlaza(sqlite3_stmt* st, int i, const vb::Variant& v) {

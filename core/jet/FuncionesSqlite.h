@@ -5,6 +5,8 @@
 #include "core/jet/Catalogo.h"
 #include "core/vb/Variant.h"
 
+#include <optional>
+
 struct sqlite3;
 struct sqlite3_stmt;
 struct sqlite3_value;
@@ -20,10 +22,24 @@ int ComparaTexto(const QString& a, const QString& b);
 // LIKE: * any run, ? one character, # one digit, [abc] [a-z] [!abc]; case-blind.
 bool Coincide(const QString& valor, const QString& patron);
 
+// A value as SQLite holds it: its storage class and its bytes, not yet read as any type. Text points into
+// memory that the caller keeps alive.
+struct ValorCrudo {
+    int clase = 5;            // SQLITE_NULL
+    qint64 entero = 0;
+    double real = 0;
+    const char* texto = nullptr;
+    int bytes = 0;
+};
+ValorCrudo CrudoDeColumna(sqlite3_stmt* st, int columna);
+ValorCrudo CrudoDeValor(sqlite3_value* v);
+vb::Variant DeCrudo(const ValorCrudo& v, TipoCampo tipo);
+
 // A value in the stored form of a type and back.
 vb::Variant LeeColumna(sqlite3_stmt* st, int columna, TipoCampo tipo);
 vb::Variant LeeValor(sqlite3_value* v, TipoCampo tipo);
 void Enlaza(sqlite3_stmt* st, int indice, const vb::Variant& valor);   // 1-based, stored form
+std::optional<vb::Fecha> FechaAlmacenada(const char* texto, int bytes);  // "yyyy-mm-dd hh:nn:ss" only
 
 // A value made fit for a field: converted to its type, or refused with the engine's error (3314 required,
 // 3315 zero length, 3163 too long, 3349 overflow, 3464 type mismatch).
