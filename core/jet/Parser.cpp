@@ -55,6 +55,18 @@ private:
         }
         Lanza(contexto_);
     }
+    // Whether the current token can begin an expression: a value left out ("x= WHERE", "(1, , 3)") is an
+    // error of the statement, not of an expression.
+    bool empiezaExpresion() const {
+        const Token& t = actual();
+        switch (t.tipo) {
+        case Tok::Fin: return false;
+        case Tok::Operador: return t.esOp("(") || t.esOp("-") || t.esOp("+");
+        case Tok::Nombre:
+            return !EsReservada(t) || t.esPalabra("NOT") || t.esPalabra("NULL") || t.esPalabra("EXISTS");
+        default: return true;
+        }
+    }
     bool palabra(const char* p) {
         if (actual().esPalabra(p)) { avanza(); return true; }
         return false;
@@ -671,9 +683,11 @@ Sentencia Analizador::insercion() {
     if (palabra("VALUES")) {
         exigeOp("(");
         do {
+            if (!empiezaExpresion()) falla();
             contexto_ = ErrSintaxisExpresion;
             inicioExpr_ = actual().pos;
             s.valores.push_back(expresion());
+            contexto_ = ErrSintaxisInsert;
         } while (op(","));
         contexto_ = ErrSintaxisInsert;
         exigeOp(")");
@@ -703,6 +717,7 @@ Sentencia Analizador::actualizacion() {
             a.columna = nombre();
         }
         exigeOp("=");
+        if (!empiezaExpresion()) falla();
         contexto_ = ErrSintaxisExpresion;
         inicioExpr_ = actual().pos;
         a.valor = expresion();

@@ -319,7 +319,28 @@ void Resolver::nucleo(Select& s, Ambito* padre) {
             e.columnaSub = n - 1;
             continue;
         }
-        expr(e, a);
+        try {
+            expr(e, a);
+        } catch (const vb::Error& err) {
+            // A name that two tables share sorts by the selected column of that name.
+            if (err.Number() != ErrCampoAmbiguo || e.tipo != TipoExpr::Columna || !e.calificador.isEmpty()) throw;
+            int elegido = -1;
+            for (size_t i = 0; i < s.expandidos.size(); ++i) {
+                const auto& it = s.expandidos[i];
+                const QString nombre = !it.alias.isEmpty() ? it.alias
+                                       : (it.expr->tipo == TipoExpr::Columna && it.expr->campo) ? it.expr->campo->nombre
+                                                                                              : QString();
+                if (Iguales(nombre, e.nombre)) {
+                    if (elegido >= 0) throw;
+                    elegido = static_cast<int>(i);
+                }
+            }
+            if (elegido < 0) throw;
+            e.alias = s.expandidos[static_cast<size_t>(elegido)].expr.get();
+            e.columnaSub = elegido;
+            e.tipoDato = e.alias->tipoDato;
+            e.tamano = e.alias->tamano;
+        }
     }
     bool agregada = !s.groupBy.empty();
     for (const auto& it : s.expandidos)

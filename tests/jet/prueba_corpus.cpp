@@ -1,0 +1,123 @@
+// Every statement the program sends, run in order on one database seeded with a small data set, each
+// checked against what it must do: run, return so many rows, touch so many rows, give a first value, or
+// fail with the engine's number.
+#include "core/Esquema.h"
+#include "core/dao/Dao.h"
+#include "tools/ConsolaSql.h"
+
+#include <QFile>
+#include <QTemporaryDir>
+#include <QTextStream>
+#include <gtest/gtest.h>
+
+namespace {
+
+struct Entrada {
+    QString etiqueta;
+    QString esperado;
+    QString sentencia;
+};
+
+std::vector<Entrada> LeeCorpus(const QString& archivo) {
+    QFile f(QStringLiteral(ADQ_SOURCE_DIR "/tests/jet/corpus/") + archivo);
+    std::vector<Entrada> entradas;
+    if (!f.open(QIODevice::ReadOnly | QIODevice::Text)) return entradas;
+    QTextStream in(&f);
+    QString linea;
+    Entrada actual;
+    QStringList lineas;
+    auto cierra = [&]() {
+        if (actual.etiqueta.isEmpty()) return;
+        while (!lineas.isEmpty() && lineas.last().trimmed().isEmpty()) lineas.removeLast();
+        actual.sentencia = lineas.join(u'\n');
+        entradas.push_back(actual);
+        actual = Entrada();
+        lineas.clear();
+    };
+    while (in.readLineInto(&linea)) {
+        if (linea.startsWith(QLatin1String("=== "))) {
+            cierra();
+            actual.etiqueta = linea.mid(4).trimmed();
+        } else if (!actual.etiqueta.isEmpty() && actual.esperado.isEmpty() && linea.startsWith(QLatin1String("expect:"))) {
+            actual.esperado = linea.mid(7).trimmed();
+        } else if (!actual.etiqueta.isEmpty()) {
+            lineas << linea;
+        }
+    }
+    cierra();
+    return entradas;
+}
+
+bool EsConsulta(const QString& s) {
+    const QString t = s.trimmed();
+    return t.startsWith(QLatin1String("select"), Qt::CaseInsensitive) || t.startsWith(u'(');
+}
+
+// Runs one entry and returns what went wrong, or an empty text.
+QString Corre(dao::Database& db, const Entrada& e) {
+    const QString clase = e.esperado.section(u' ', 0, 0);
+    const QString dato = e.esperado.section(u' ', 1);
+    try {
+        if (EsConsulta(e.sentencia)) {
+            auto rs = db.OpenRecordset(e.sentencia, dao::dbOpenSnapshot);
+            if (clase == QLatin1String("rows")) {
+                const long n = rs->RecordCount();
+                if (n != dato.toLong()) return QStringLiteral("devolvió %1 filas").arg(n);
+            } else if (clase == QLatin1String("value")) {
+                if (rs->Eof()) return QStringLiteral("no devolvió filas");
+                const QString v = consola::TextoValor(rs->Fields(0).Value());
+                if (v != dato) return QStringLiteral("dio el valor '%1'").arg(v);
+            } else if (clase != QLatin1String("ok")) {
+                return QStringLiteral("corrió sin error");
+            }
+        } else {
+            db.Execute(e.sentencia, dao::dbFailOnError);
+            if (clase == QLatin1String("affected")) {
+                if (db.RecordsAffected() != dato.toLongLong())
+                    return QStringLiteral("tocó %1 filas").arg(db.RecordsAffected());
+            } else if (clase != QLatin1String("ok")) {
+                return QStringLiteral("corrió sin error");
+            }
+        }
+    } catch (const vb::Error& err) {
+        if (clase == QLatin1String("error") && err.Number() == dato.toInt()) return {};
+        return QStringLiteral("falló con %1: %2").arg(err.Number()).arg(err.Description());
+    }
+    return {};
+}
+
+TEST(Corpus, CadaSentenciaHaceLoQueDebe) {
+    QTemporaryDir dir;
+    const QString otra = dir.filePath(QStringLiteral("intercambio.exp"));
+    {
+        auto db = dao::Database::CreateDatabase(otra);
+        esquema::CreaTablas(*db);
+        db->Execute(QStringLiteral("CREATE TABLE Metadata (NoSolicitudes LONG, NoDonaciones LONG, NoTitulos LONG, "
+                                   "NoEjemplares LONG, IdCapturista TEXT(10), FechaExportacion DATETIME)"));
+    }
+    auto db = dao::Database::CreateDatabase(dir.filePath(QStringLiteral("KORVEL8.mdb")));
+    esquema::CreaTablas(*db);
+
+    const auto datos = LeeCorpus(QStringLiteral("datos.sql"));
+    ASSERT_GT(datos.size(), 10u);
+    for (const auto& e : datos) {
+        const QString falla = Corre(*db, e);
+        ASSERT_TRUE(falla.isEmpty()) << e.etiqueta.toStdString() << ": " << falla.toStdString();
+    }
+
+    auto corpus = LeeCorpus(QStringLiteral("sentencias.sql"));
+    ASSERT_GT(corpus.size(), 100u);
+    int fallas = 0;
+    for (auto& e : corpus) {
+        e.sentencia.replace(QLatin1String("@OTRA@"), otra);
+        const QString falla = Corre(*db, e);
+        if (!falla.isEmpty()) {
+            ++fallas;
+            ADD_FAILURE() << "[" << e.etiqueta.toStdString() << "] se esperaba " << e.esperado.toStdString() << " y "
+                          << falla.toStdString() << "\n    " << e.sentencia.toStdString();
+        }
+    }
+    EXPECT_EQ(fallas, 0) << "de " << corpus.size() << " sentencias";
+}
+
+}  // namespace
