@@ -70,8 +70,20 @@ void BM_TraduccionContraPrepare(benchmark::State& state) {
         } catch (const vb::Error&) {
         }
     }
-    double traduccion = 0, prepare = 0;
+    double traduccion = 0, prepare = 0, analisis = 0, resolucion = 0;
     for (auto _ : state) {
+        const auto a0 = std::chrono::steady_clock::now();
+        std::vector<jet::Sentencia> arboles;
+        arboles.reserve(corpus.size());
+        for (const auto& c : corpus) arboles.push_back(jet::Analiza(c.original));
+        const auto a1 = std::chrono::steady_clock::now();
+        for (auto& st : arboles) {
+            jet::Resolver r(db->catalogo());
+            r.resuelve(st);
+        }
+        const auto a2 = std::chrono::steady_clock::now();
+        analisis += std::chrono::duration<double, std::micro>(a1 - a0).count();
+        resolucion += std::chrono::duration<double, std::micro>(a2 - a1).count();
         const auto t0 = std::chrono::steady_clock::now();
         for (const auto& c : corpus) {
             jet::Sentencia st = jet::Analiza(c.original);
@@ -95,6 +107,8 @@ void BM_TraduccionContraPrepare(benchmark::State& state) {
     state.counters["traduccion_us"] = traduccion / n;
     state.counters["prepare_us"] = prepare / n;
     state.counters["razon"] = traduccion / prepare;
+    state.counters["analisis_us"] = analisis / n;
+    state.counters["resolucion_us"] = resolucion / n;
 }
 BENCHMARK(BM_TraduccionContraPrepare)->Unit(benchmark::kMillisecond);
 

@@ -50,7 +50,7 @@ struct Expr {
     vb::Variant valor;
     QString calificador;   // Columna/Estrella: table or alias as written, may be empty
     QString nombre;        // Columna: column; Funcion: function name as written
-    QString op;            // upper case
+    QStringView op;        // upper case, a static text (u"AND", u"+", ...)
     bool negado = false;
     std::vector<ExprPtr> args;
     std::unique_ptr<Select> sub;

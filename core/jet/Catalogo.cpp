@@ -7,9 +7,15 @@
 namespace jet {
 
 QString CitaNombre(const QString& nombre) {
-    QString r = nombre;
-    r.replace(u'"', QStringLiteral("\"\""));
-    return u'"' + r + u'"';
+    QString r;
+    r.reserve(nombre.size() + 2);
+    r += u'"';
+    for (QChar c : nombre) {
+        if (c == u'"') r += u'"';
+        r += c;
+    }
+    r += u'"';
+    return r;
 }
 
 QString CitaTexto(const QString& texto) {
@@ -21,8 +27,11 @@ QString CitaTexto(const QString& texto) {
 QString ClaveNombre(const QString& nombre) { return nombre.toCaseFolded(); }
 
 const CampoDef* TablaDef::campo(const QString& n) const {
+    // Most statements spell a name as the schema does: the exact comparison goes first.
     for (const auto& c : campos)
-        if (c.nombre.compare(n, Qt::CaseInsensitive) == 0) return &c;
+        if (c.nombre == n) return &c;
+    for (const auto& c : campos)
+        if (c.nombre.size() == n.size() && c.nombre.compare(n, Qt::CaseInsensitive) == 0) return &c;
     return nullptr;
 }
 
@@ -138,6 +147,7 @@ void PreparaMetadatos(sqlite3* db, const QString& esquema) {
 }
 
 void Catalogo::ejecuta(const QString& sql) {
+    verificados_.clear();
     char* error = nullptr;
     const int rc = sqlite3_exec(db_, sql.toUtf8().constData(), nullptr, nullptr, &error);
     if (rc != SQLITE_OK) {
@@ -151,11 +161,12 @@ void Catalogo::ejecuta(const QString& sql) {
 
 Catalogo::Esquema& Catalogo::carga(const QString& esquema) {
     const QString clave = esquema.toLower();
-    long long version = 0;
-    {
-        Sentencia3 v(db_, QStringLiteral("PRAGMA %1.schema_version").arg(CitaNombre(esquema)));
-        if (v.paso()) version = v.entero(0);
+    if (verificados_.contains(clave)) {
+        auto it = esquemas_.find(clave);
+        if (it != esquemas_.end()) return *it;
     }
+    verificados_.insert(clave);
+    const long long version = this->version(esquema);
     auto it = esquemas_.find(clave);
     if (it != esquemas_.end() && it->version == version) return *it;
 
@@ -225,6 +236,29 @@ Catalogo::Esquema& Catalogo::carga(const QString& esquema) {
     }
     esquemas_.insert(clave, std::move(nuevo));
     return esquemas_[clave];
+}
+
+Catalogo::~Catalogo() {
+    for (sqlite3_stmt* st : std::as_const(versiones_)) sqlite3_finalize(st);
+}
+
+long long Catalogo::version(const QString& esquema) {
+    const QString clave = esquema.toLower();
+    sqlite3_stmt* st = versiones_.value(clave, nullptr);
+    if (!st) {
+        const QByteArray sql = QStringLiteral("PRAGMA %1.schema_version").arg(CitaNombre(esquema)).toUtf8();
+        if (sqlite3_prepare_v2(db_, sql.constData(), -1, &st, nullptr) != SQLITE_OK) {
+            sqlite3_finalize(st);
+            return -1;
+        }
+        // An attached database comes and goes under the same name: only the main one keeps its statement.
+        if (clave == QLatin1String("main")) versiones_.insert(clave, st);
+    }
+    long long v = -1;
+    if (sqlite3_step(st) == SQLITE_ROW) v = sqlite3_column_int64(st, 0);
+    sqlite3_reset(st);
+    if (!versiones_.contains(clave)) sqlite3_finalize(st);
+    return v;
 }
 
 const TablaDef* Catalogo::tabla(const QString& nombre, const QString& esquema) {

@@ -6,12 +6,14 @@
 #include "core/jet/Ast.h"
 
 #include <QHash>
+#include <QSet>
 #include <QString>
 #include <QStringList>
 #include <memory>
 #include <vector>
 
 struct sqlite3;
+struct sqlite3_stmt;
 
 namespace jet {
 
@@ -53,12 +55,18 @@ void PreparaMetadatos(sqlite3* db, const QString& esquema = QStringLiteral("main
 class Catalogo {
 public:
     explicit Catalogo(sqlite3* db) : db_(db) {}
+    ~Catalogo();
+    Catalogo(const Catalogo&) = delete;
+    Catalogo& operator=(const Catalogo&) = delete;
 
     // The table by name in the main database or an attached one; nullptr if it does not exist. The
     // definitions are read again whenever another connection changed the schema.
     const TablaDef* tabla(const QString& nombre, const QString& esquema = QStringLiteral("main"));
     std::vector<const TablaDef*> tablas(const QString& esquema = QStringLiteral("main"));
     void invalida() { esquemas_.clear(); }
+    // A statement begins: the next lookup checks once whether another connection changed the schema; the
+    // lookups after it in the same statement trust what is known.
+    void nuevaSentencia() { verificados_.clear(); }
 
     // Changes of schema, each applied to SQLite and the bookkeeping together.
     void creaTabla(const TablaDef& def, const QString& esquema = QStringLiteral("main"));
@@ -78,6 +86,9 @@ private:
     };
     sqlite3* db_;
     QHash<QString, Esquema> esquemas_;
+    QSet<QString> verificados_;
+    QHash<QString, sqlite3_stmt*> versiones_;   // PRAGMA <esquema>.schema_version, prepared once
+    long long version(const QString& esquema);
 
     Esquema& carga(const QString& esquema);
     void ejecuta(const QString& sql);

@@ -7,6 +7,16 @@ namespace jet {
 
 namespace {
 
+// Joins pieces of text with one allocation: the emitter builds many small strings.
+QString Une(std::initializer_list<QStringView> partes) {
+    qsizetype n = 0;
+    for (const auto& p : partes) n += p.size();
+    QString r;
+    r.reserve(n);
+    for (const auto& p : partes) r.append(p);
+    return r;
+}
+
 QString Literal(const vb::Variant& v) {
     switch (v.type()) {
     case vb::VarType::Empty:
@@ -30,8 +40,8 @@ QString Literal(const vb::Variant& v) {
     return QStringLiteral("NULL");
 }
 
-bool EsComparacion(const QString& op) {
-    return op == "=" || op == "<>" || op == "<" || op == ">" || op == "<=" || op == ">=";
+bool EsComparacion(QStringView op) {
+    return op == u"=" || op == u"<>" || op == u"<" || op == u">" || op == u"<=" || op == u">=";
 }
 
 const char* const Colacion = " COLLATE JETTEXT";
@@ -45,14 +55,9 @@ QString EmisorSqlite::nombreTabla(const FuenteFrom& f) {
 }
 
 QString EmisorSqlite::conversion(const QString& valor, const CampoDef& c) {
-    return QStringLiteral("jet_conv(%1, %2, %3, %4, %5, %6, %7)")
-        .arg(valor)
-        .arg(static_cast<int>(c.tipo))
-        .arg(c.tamano)
-        .arg(c.atributos)
-        .arg(c.requerido ? 1 : 0)
-        .arg(c.permiteLongitudCero ? 1 : 0)
-        .arg(CitaTexto(c.nombre));
+    return Une({u"jet_conv(", valor, u", ", QString::number(static_cast<int>(c.tipo)), u", ", QString::number(c.tamano),
+                u", ", QString::number(c.atributos), c.requerido ? u", 1, " : u", 0, ", c.permiteLongitudCero ? u"1, " : u"0, ",
+                CitaTexto(c.nombre), u")"});
 }
 
 Emision EmisorSqlite::emite(const Sentencia& s, const TablaDef* destino, bool conRowid, const QString& esquemaDestino) {
@@ -182,7 +187,7 @@ QString EmisorSqlite::nucleo(const Select& s, bool conRowid, Emision* salida) {
         const Expr& e = *s.expandidos[i].expr;
         QString t = expr(e);
         if (s.distinct && EsTexto(e.tipoDato)) t += QLatin1String(Colacion);
-        items << t + QStringLiteral(" AS c%1").arg(i);
+        items << Une({t, u" AS c", QString::number(i)});
     }
     const bool unaTabla = s.from.size() == 1 && s.from[0]->clase == FuenteFrom::Tabla;
     const bool actualizable = unaTabla && !s.agregada && !s.distinct && s.uniones.empty();
@@ -240,7 +245,7 @@ QString EmisorSqlite::nucleo(const Select& s, bool conRowid, Emision* salida) {
 QString EmisorSqlite::fuente(const FuenteFrom& f) {
     switch (f.clase) {
     case FuenteFrom::Tabla:
-        return nombreTabla(f) + QStringLiteral(" AS ") + CitaNombre(f.aliasSql);
+        return Une({nombreTabla(f), u" AS \"", f.aliasSql, u"\""});
     case FuenteFrom::Derivada:
         return u'(' + select(*f.sub, false, nullptr) + QStringLiteral(") AS ") + CitaNombre(f.aliasSql);
     case FuenteFrom::Join: {
@@ -265,45 +270,45 @@ QString EmisorSqlite::comoTexto(const Expr& e) {
         if (e.valor.isNull()) return QStringLiteral("NULL");
         return CitaTexto(e.valor.toString());
     }
-    return QStringLiteral("jet_str(%1, %2)").arg(expr(e)).arg(static_cast<int>(e.tipoDato));
+    return Une({u"jet_str(", expr(e), u", ", QString::number(static_cast<int>(e.tipoDato)), u")"});
 }
 
 QString EmisorSqlite::comoNumero(const Expr& e) {
-    if (EsTexto(e.tipoDato) || e.tipoDato == TipoCampo::Ninguno) return QStringLiteral("jet_num(%1)").arg(expr(e));
+    if (EsTexto(e.tipoDato) || e.tipoDato == TipoCampo::Ninguno) return Une({u"jet_num(", expr(e), u")"});
     return expr(e);
 }
 
 QString EmisorSqlite::binario(const Expr& e) {
     const Expr& a = *e.args[0];
     const Expr& b = *e.args[1];
-    const QString& op = e.op;
+    const QStringView op = e.op;
     if (EsComparacion(op)) {
         const bool texto = EsTexto(a.tipoDato) || EsTexto(b.tipoDato);
         const bool numerico = EsNumerico(a.tipoDato) || EsNumerico(b.tipoDato);
         if (texto && numerico) {
-            return QStringLiteral("(%1 %2 %3)").arg(comoNumero(a), op, comoNumero(b));
+            return Une({u"(", comoNumero(a), u" ", op, u" ", comoNumero(b), u")"});
         }
-        if (texto) return QStringLiteral("(%1 %2 (%3)%4)").arg(expr(a), op, expr(b), QLatin1String(Colacion));
-        return QStringLiteral("(%1 %2 %3)").arg(expr(a), op, expr(b));
+        if (texto) return Une({u"(", expr(a), u" ", op, u" (", expr(b), u") COLLATE JETTEXT)"});
+        return Une({u"(", expr(a), u" ", op, u" ", expr(b), u")"});
     }
-    if (op == "AND" || op == "OR") return QStringLiteral("(%1 %2 %3)").arg(expr(a), op, expr(b));
-    if (op == "XOR") return QStringLiteral("((%1 <> 0) <> (%2 <> 0))").arg(expr(a), expr(b));
-    if (op == "EQV") return QStringLiteral("((%1 <> 0) = (%2 <> 0))").arg(expr(a), expr(b));
-    if (op == "IMP") return QStringLiteral("((%1 = 0) OR (%2 <> 0))").arg(expr(a), expr(b));
-    if (op == "&") return QStringLiteral("jet_cat(%1, %2)").arg(comoTexto(a), comoTexto(b));
-    if (op == "+" && EsTexto(a.tipoDato) && EsTexto(b.tipoDato)) return QStringLiteral("(%1 || %2)").arg(expr(a), expr(b));
-    if ((op == "+" || op == "-") && (a.tipoDato == TipoCampo::Date || b.tipoDato == TipoCampo::Date)) {
-        if (op == "-" && a.tipoDato == TipoCampo::Date && b.tipoDato == TipoCampo::Date)
+    if (op == u"AND" || op == u"OR") return Une({u"(", expr(a), u" ", op, u" ", expr(b), u")"});
+    if (op == u"XOR") return QStringLiteral("((%1 <> 0) <> (%2 <> 0))").arg(expr(a), expr(b));
+    if (op == u"EQV") return QStringLiteral("((%1 <> 0) = (%2 <> 0))").arg(expr(a), expr(b));
+    if (op == u"IMP") return QStringLiteral("((%1 = 0) OR (%2 <> 0))").arg(expr(a), expr(b));
+    if (op == u"&") return Une({u"jet_cat(", comoTexto(a), u", ", comoTexto(b), u")"});
+    if (op == u"+" && EsTexto(a.tipoDato) && EsTexto(b.tipoDato)) return QStringLiteral("(%1 || %2)").arg(expr(a), expr(b));
+    if ((op == u"+" || op == u"-") && (a.tipoDato == TipoCampo::Date || b.tipoDato == TipoCampo::Date)) {
+        if (op == u"-" && a.tipoDato == TipoCampo::Date && b.tipoDato == TipoCampo::Date)
             return QStringLiteral("jet_fecha_dif(%1, %2)").arg(expr(a), expr(b));
         if (a.tipoDato == TipoCampo::Date)
-            return QStringLiteral("jet_fecha_mas(%1, %2%3)").arg(expr(a), op == "-" ? QStringLiteral("-") : QString(), comoNumero(b));
+            return QStringLiteral("jet_fecha_mas(%1, %2%3)").arg(expr(a), op == u"-" ? QStringLiteral("-") : QString(), comoNumero(b));
         return QStringLiteral("jet_fecha_mas(%1, %2)").arg(expr(b), comoNumero(a));
     }
-    if (op == "/") return QStringLiteral("(CAST(%1 AS REAL) / %2)").arg(comoNumero(a), comoNumero(b));
-    if (op == "\\") return QStringLiteral("jet_divent(%1, %2)").arg(comoNumero(a), comoNumero(b));
-    if (op == "MOD") return QStringLiteral("jet_mod(%1, %2)").arg(comoNumero(a), comoNumero(b));
-    if (op == "^") return QStringLiteral("jet_pot(%1, %2)").arg(comoNumero(a), comoNumero(b));
-    return QStringLiteral("(%1 %2 %3)").arg(comoNumero(a), op, comoNumero(b));
+    if (op == u"/") return QStringLiteral("(CAST(%1 AS REAL) / %2)").arg(comoNumero(a), comoNumero(b));
+    if (op == u"\\") return QStringLiteral("jet_divent(%1, %2)").arg(comoNumero(a), comoNumero(b));
+    if (op == u"MOD") return QStringLiteral("jet_mod(%1, %2)").arg(comoNumero(a), comoNumero(b));
+    if (op == u"^") return QStringLiteral("jet_pot(%1, %2)").arg(comoNumero(a), comoNumero(b));
+    return Une({u"(", comoNumero(a), u" ", op, u" ", comoNumero(b), u")"});
 }
 
 QString EmisorSqlite::funcion(const Expr& e) {
@@ -316,8 +321,8 @@ QString EmisorSqlite::funcion(const Expr& e) {
     if (n == "SUM" || n == "AVG") return QStringLiteral("%1(%2)").arg(n.toLower(), comoNumero(*e.args[0]));
     if (n == "MIN" || n == "MAX")
         return QStringLiteral("%1(%2%3)").arg(n.toLower(), arg(0), EsTexto(e.args[0]->tipoDato) ? QLatin1String(Colacion) : QLatin1String(""));
-    if (n == "IIF") return QStringLiteral("(CASE WHEN %1 THEN %2 ELSE %3 END)").arg(arg(0), arg(1), arg(2));
-    if (n == "ISNULL") return QStringLiteral("(%1 IS NULL)").arg(arg(0));
+    if (n == u"IIF") return Une({u"(CASE WHEN ", arg(0), u" THEN ", arg(1), u" ELSE ", arg(2), u" END)"});
+    if (n == u"ISNULL") return Une({u"(", arg(0), u" IS NULL)"});
     if (n == "NZ") return QStringLiteral("coalesce(%1, %2)").arg(arg(0), e.args.size() > 1 ? arg(1) : QStringLiteral("0"));
     if (n == "ABS") return QStringLiteral("abs(%1)").arg(comoNumero(*e.args[0]));
     if (n == "CSTR" || n == "STR") return comoTexto(*e.args[0]);
@@ -335,7 +340,7 @@ QString EmisorSqlite::funcion(const Expr& e) {
                              n == "UCASE" || n == "LCASE" || n == "REPLACE" || n == "VAL";
         args << (textual && &a == &e.args[0] ? comoTexto(*a) : expr(*a));
     }
-    return QStringLiteral("jet_%1(%2)").arg(n.toLower(), args.join(QStringLiteral(", ")));
+    return Une({u"jet_", n.toLower(), u"(", args.join(QStringLiteral(", ")), u")"});
 }
 
 QString EmisorSqlite::expr(const Expr& e) {
@@ -345,14 +350,14 @@ QString EmisorSqlite::expr(const Expr& e) {
     case TipoExpr::Columna:
         if (e.parametro >= 0) return QStringLiteral("?%1").arg(e.parametro + 1);
         if (e.alias) return u'(' + expr(*e.alias) + u')';
-        if (e.campo) return CitaNombre(e.fuente->aliasSql) + u'.' + CitaNombre(e.campo->nombre);
-        if (e.fuente && e.columnaSub >= 0) return CitaNombre(e.fuente->aliasSql) + QStringLiteral(".c%1").arg(e.columnaSub);
+        if (e.campo) return Une({u"\"", e.fuente->aliasSql, u"\".", CitaNombre(e.campo->nombre)});
+        if (e.fuente && e.columnaSub >= 0) return Une({u"\"", e.fuente->aliasSql, u"\".c", QString::number(e.columnaSub)});
         Lanza(ErrPocosParametros, QStringLiteral("1"));
     case TipoExpr::Estrella:
         return QStringLiteral("*");
     case TipoExpr::Unario:
-        if (e.op == "NOT") return QStringLiteral("(NOT %1)").arg(expr(*e.args[0]));
-        return QStringLiteral("(%1%2)").arg(e.op, comoNumero(*e.args[0]));
+        if (e.op == u"NOT") return Une({u"(NOT ", expr(*e.args[0]), u")"});
+        return Une({u"(", e.op, comoNumero(*e.args[0]), u")"});
     case TipoExpr::Binario:
         return binario(e);
     case TipoExpr::Between: {
@@ -378,10 +383,9 @@ QString EmisorSqlite::expr(const Expr& e) {
     case TipoExpr::Exists:
         return QStringLiteral("EXISTS (%1)").arg(select(*e.sub));
     case TipoExpr::EsNulo:
-        return QStringLiteral("(%1 IS %2NULL)").arg(expr(*e.args[0]), e.negado ? QStringLiteral("NOT ") : QString());
+        return Une({u"(", expr(*e.args[0]), e.negado ? u" IS NOT NULL)" : u" IS NULL)"});
     case TipoExpr::Like:
-        return QStringLiteral("(%1jet_like(%2, %3))")
-            .arg(e.negado ? QStringLiteral("NOT ") : QString(), comoTexto(*e.args[0]), comoTexto(*e.args[1]));
+        return Une({e.negado ? u"(NOT jet_like(" : u"(jet_like(", comoTexto(*e.args[0]), u", ", comoTexto(*e.args[1]), u"))"});
     case TipoExpr::Funcion:
         return funcion(e);
     case TipoExpr::Subconsulta:

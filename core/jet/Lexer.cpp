@@ -2,13 +2,57 @@
 
 #include "core/jet/ErroresMotor.h"
 
+#include <cstring>
+#include <iterator>
+
 namespace jet {
 
 bool Token::esPalabra(const char* palabra) const {
-    return tipo == Tok::Nombre && texto.compare(QLatin1String(palabra), Qt::CaseInsensitive) == 0;
+    return clave != nullptr && std::strcmp(clave, palabra) == 0;
 }
 
 namespace {
+
+struct Palabra {
+    const char* texto;
+    bool reservada;   // can't stand unbracketed where a name is expected
+};
+
+// The words of the dialect, in order for a binary search.
+constexpr Palabra Palabras[] = {
+    {"ADD", true}, {"ALL", true}, {"ALTER", true}, {"AND", true}, {"AS", true}, {"ASC", true},
+    {"BETWEEN", true}, {"BY", true}, {"COLUMN", true}, {"CONSTRAINT", true}, {"CREATE", true},
+    {"DEFAULT", false}, {"DELETE", true}, {"DESC", true}, {"DISALLOW", false}, {"DISTINCT", true},
+    {"DISTINCTROW", true}, {"DROP", true}, {"EQV", true}, {"EXISTS", true}, {"FALSE", false}, {"FROM", true},
+    {"GROUP", true}, {"HAVING", true}, {"IGNORE", false}, {"IMP", true}, {"IN", true}, {"INDEX", true},
+    {"INNER", true}, {"INSERT", true}, {"INTO", true}, {"IS", true}, {"JOIN", true}, {"KEY", true},
+    {"LEFT", true}, {"LIKE", true}, {"MOD", true}, {"NOT", true}, {"NULL", true}, {"ON", true}, {"OR", true},
+    {"ORDER", true}, {"OUTER", true}, {"PERCENT", true}, {"PRECISION", false}, {"PRIMARY", true},
+    {"RIGHT", true}, {"SELECT", true}, {"SET", true}, {"TABLE", true}, {"TOP", true}, {"TRUE", false},
+    {"UNION", true}, {"UNIQUE", true}, {"UPDATE", true}, {"VALUES", true}, {"WHERE", true}, {"WITH", true},
+    {"XOR", true},
+};
+
+const Palabra* BuscaPalabra(QStringView t) {
+    char mayus[16];
+    if (t.size() < 2 || t.size() >= static_cast<qsizetype>(sizeof mayus)) return nullptr;
+    for (qsizetype i = 0; i < t.size(); ++i) {
+        const char16_t c = t[i].unicode();
+        if (c >= u'a' && c <= u'z') mayus[i] = static_cast<char>(c - 32);
+        else if (c >= u'A' && c <= u'Z') mayus[i] = static_cast<char>(c);
+        else return nullptr;
+    }
+    mayus[t.size()] = 0;
+    size_t bajo = 0, alto = std::size(Palabras);
+    while (bajo < alto) {
+        const size_t medio = (bajo + alto) / 2;
+        const int c = std::strcmp(Palabras[medio].texto, mayus);
+        if (c == 0) return &Palabras[medio];
+        if (c < 0) bajo = medio + 1;
+        else alto = medio;
+    }
+    return nullptr;
+}
 
 bool EsInicioNombre(QChar c) { return c.isLetter() || c == u'_'; }
 bool EsParteNombre(QChar c) { return c.isLetterOrNumber() || c == u'_' || c == u'$'; }
@@ -17,7 +61,7 @@ bool EsParteNombre(QChar c) { return c.isLetterOrNumber() || c == u'_' || c == u
 
 std::vector<Token> Tokeniza(const QString& s) {
     std::vector<Token> salida;
-    salida.reserve(static_cast<size_t>(s.size() / 4 + 4));
+    salida.reserve(static_cast<size_t>(s.size() / 3 + 4));
     const int n = static_cast<int>(s.size());
     int i = 0;
     auto error = [&]() { Lanza(ErrSintaxisExpresion, s.trimmed()); };
@@ -30,13 +74,17 @@ std::vector<Token> Tokeniza(const QString& s) {
             int j = i + 1;
             while (j < n && EsParteNombre(s[j])) ++j;
             t.tipo = Tok::Nombre;
-            t.texto = s.mid(i, j - i);
+            t.texto = QStringView(s).mid(i, j - i);
+            if (const Palabra* p = BuscaPalabra(t.texto)) {
+                t.clave = p->texto;
+                t.reservada = p->reservada;
+            }
             i = j;
         } else if (c == u'[') {
             const int cierre = static_cast<int>(s.indexOf(u']', i + 1));
             if (cierre < 0) error();
             t.tipo = Tok::NombreCorchete;
-            t.texto = s.mid(i + 1, cierre - i - 1);
+            t.texto = QStringView(s).mid(i + 1, cierre - i - 1);
             i = cierre + 1;
         } else if (c.isDigit() || (c == u'.' && i + 1 < n && s[i + 1].isDigit()
                                    && (salida.empty() || salida.back().tipo == Tok::Operador)
@@ -56,29 +104,31 @@ std::vector<Token> Tokeniza(const QString& s) {
                 }
             }
             t.tipo = Tok::Numero;
-            t.texto = s.mid(i, j - i);
+            t.texto = QStringView(s).mid(i, j - i);
             i = j;
             // "12abc" is no number followed by a name: the engine refuses it.
             if (i < n && EsInicioNombre(s[i])) error();
         } else if (c == u'\'' || c == u'"') {
-            QString texto;
             int j = i + 1;
+            bool doblada = false;
             for (;;) {
                 if (j >= n) error();
                 if (s[j] == c) {
-                    if (j + 1 < n && s[j + 1] == c) { texto += c; j += 2; continue; }
+                    if (j + 1 < n && s[j + 1] == c) { doblada = true; j += 2; continue; }
                     break;
                 }
-                texto += s[j++];
+                ++j;
             }
             t.tipo = Tok::Cadena;
-            t.texto = texto;
+            t.texto = QStringView(s).mid(i + 1, j - i - 1);
+            t.cadena = t.texto.toString();
+            if (doblada) t.cadena.replace(QString(2, c), QString(c));
             i = j + 1;
         } else if (c == u'#') {
             const int cierre = static_cast<int>(s.indexOf(u'#', i + 1));
             if (cierre < 0) error();
             t.tipo = Tok::Fecha;
-            t.texto = s.mid(i + 1, cierre - i - 1);
+            t.texto = QStringView(s).mid(i + 1, cierre - i - 1);
             i = cierre + 1;
         } else {
             static const char* dobles[] = {"<>", "<=", ">=", "!=", nullptr};
@@ -87,7 +137,7 @@ std::vector<Token> Tokeniza(const QString& s) {
             if (i + 1 < n) {
                 for (const char** d = dobles; *d; ++d) {
                     if (s[i] == QLatin1Char((*d)[0]) && s[i + 1] == QLatin1Char((*d)[1])) {
-                        t.texto = QString::fromLatin1(*d);
+                        t.texto = QStringView(s).mid(i, 2);
                         i += 2;
                         hecho = true;
                         break;
@@ -96,7 +146,7 @@ std::vector<Token> Tokeniza(const QString& s) {
             }
             if (!hecho) {
                 if (QStringLiteral("=<>+-*/\\^&(),.;!").contains(c)) {
-                    t.texto = c;
+                    t.texto = QStringView(s).mid(i, 1);
                     ++i;
                 } else {
                     error();

@@ -18,15 +18,20 @@ enum class Tok {
 
 struct Token {
     Tok tipo = Tok::Fin;
-    QString texto;
-    int pos = 0;   // 0-based offset in the statement
+    QStringView texto;    // as written, inside the statement (for Cadena: without the quotes)
+    QString cadena;       // Cadena: the text with doubled quotes undone
+    int pos = 0;          // 0-based offset in the statement
+    bool reservada = false;   // a plain Nombre that is a reserved word of the dialect
+    const char* clave = nullptr;   // a plain Nombre that is a word of the dialect: that word, upper case
 
-    bool esPalabra(const char* palabra) const;    // a plain Nombre equal (case-blind) to an ASCII keyword
+    // A plain Nombre equal (case-blind) to a word of the dialect, given in upper case.
+    bool esPalabra(const char* palabra) const;
     bool esOp(const char* op) const { return tipo == Tok::Operador && texto == QLatin1String(op); }
 };
 
-// Splits a statement into tokens; a string or date that never closes, or a character the dialect does not
-// know, is a syntax error 3075 quoting the statement.
+// Splits a statement into tokens, which point into it: the statement must outlive them. A string or date
+// that never closes, or a character the dialect does not know, is a syntax error 3075 quoting the
+// statement.
 std::vector<Token> Tokeniza(const QString& sentencia);
 
 }  // namespace jet

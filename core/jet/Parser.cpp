@@ -10,19 +10,16 @@ namespace jet {
 
 namespace {
 
-// Words that end an unbracketed name where an alias could stand.
-const QSet<QString>& Reservadas() {
-    static const QSet<QString> r = {
-        "SELECT", "FROM", "WHERE", "GROUP", "BY", "HAVING", "ORDER", "UNION", "ALL", "DISTINCT", "DISTINCTROW",
-        "TOP", "PERCENT", "AS", "INNER", "LEFT", "RIGHT", "OUTER", "JOIN", "ON", "INSERT", "INTO", "VALUES",
-        "IN", "UPDATE", "SET", "DELETE", "CREATE", "ALTER", "DROP", "TABLE", "INDEX", "ADD", "COLUMN",
-        "CONSTRAINT", "PRIMARY", "KEY", "UNIQUE", "NOT", "NULL", "AND", "OR", "XOR", "EQV", "IMP", "IS",
-        "LIKE", "BETWEEN", "MOD", "EXISTS", "ASC", "DESC", "WITH"};
-    return r;
-}
+bool EsReservada(const Token& t) { return t.tipo == Tok::Nombre && t.reservada; }
 
-bool EsReservada(const Token& t) {
-    return t.tipo == Tok::Nombre && Reservadas().contains(t.texto.toUpper());
+// The operator's text as a static string, so the tree holds no copy of it.
+QStringView OpEstatico(QStringView t) {
+    static const char16_t* const ops[] = {u"=", u"<>", u"<", u">", u"<=", u">=", u"+", u"-", u"*", u"/", u"\\",
+                                          u"^", u"&", u"AND", u"OR", u"XOR", u"EQV", u"IMP", u"MOD", u"NOT"};
+    if (t == u"!=") return u"<>";
+    for (const char16_t* o : ops)
+        if (t.compare(QStringView(o), Qt::CaseInsensitive) == 0) return QStringView(o);
+    return u"?";
 }
 
 class Analizador {
@@ -84,7 +81,7 @@ private:
     }
     QString nombre() {
         if (!esNombre(actual())) falla();
-        QString n = actual().texto;
+        QString n = actual().texto.toString();
         avanza();
         return n;
     }
@@ -114,7 +111,7 @@ private:
     ExprPtr unario();
     ExprPtr potencia();
     ExprPtr primario();
-    ExprPtr binario(QString op, ExprPtr a, ExprPtr b, int pos);
+    ExprPtr binario(QStringView op, ExprPtr a, ExprPtr b, int pos);
 
     Sentencia insercion();
     Sentencia actualizacion();
@@ -234,7 +231,7 @@ std::unique_ptr<Select> Analizador::nucleoSelect() {
             auto e = std::make_unique<Expr>();
             e->tipo = TipoExpr::Estrella;
             e->pos = actual().pos;
-            e->calificador = actual().texto;
+            e->calificador = actual().texto.toString();
             avanza(); avanza(); avanza();
             it.expr = std::move(e);
         } else {
@@ -362,7 +359,7 @@ FuentePtr Analizador::primarioFrom() {
     f->tabla = nombre();
     if (actual().esPalabra("IN") && siguiente().tipo == Tok::Cadena) {
         avanza();
-        f->baseExterna = actual().texto;
+        f->baseExterna = actual().cadena;
         avanza();
     }
     aliasOpcional(*f);
@@ -378,10 +375,10 @@ void Analizador::aliasOpcional(FuenteFrom& f) {
     }
 }
 
-ExprPtr Analizador::binario(QString o, ExprPtr a, ExprPtr b, int pos) {
+ExprPtr Analizador::binario(QStringView o, ExprPtr a, ExprPtr b, int pos) {
     auto e = std::make_unique<Expr>();
     e->tipo = TipoExpr::Binario;
-    e->op = std::move(o);
+    e->op = OpEstatico(o);
     e->pos = pos;
     e->args.push_back(std::move(a));
     e->args.push_back(std::move(b));
@@ -390,34 +387,34 @@ ExprPtr Analizador::binario(QString o, ExprPtr a, ExprPtr b, int pos) {
 
 ExprPtr Analizador::imp() {
     auto e = eqv();
-    while (actual().esPalabra("IMP")) { int p = actual().pos; avanza(); e = binario("IMP", std::move(e), eqv(), p); }
+    while (actual().esPalabra("IMP")) { int p = actual().pos; avanza(); e = binario(u"IMP", std::move(e), eqv(), p); }
     return e;
 }
 ExprPtr Analizador::eqv() {
     auto e = xorE();
-    while (actual().esPalabra("EQV")) { int p = actual().pos; avanza(); e = binario("EQV", std::move(e), xorE(), p); }
+    while (actual().esPalabra("EQV")) { int p = actual().pos; avanza(); e = binario(u"EQV", std::move(e), xorE(), p); }
     return e;
 }
 ExprPtr Analizador::xorE() {
     auto e = orE();
-    while (actual().esPalabra("XOR")) { int p = actual().pos; avanza(); e = binario("XOR", std::move(e), orE(), p); }
+    while (actual().esPalabra("XOR")) { int p = actual().pos; avanza(); e = binario(u"XOR", std::move(e), orE(), p); }
     return e;
 }
 ExprPtr Analizador::orE() {
     auto e = andE();
-    while (actual().esPalabra("OR")) { int p = actual().pos; avanza(); e = binario("OR", std::move(e), andE(), p); }
+    while (actual().esPalabra("OR")) { int p = actual().pos; avanza(); e = binario(u"OR", std::move(e), andE(), p); }
     return e;
 }
 ExprPtr Analizador::andE() {
     auto e = notE();
-    while (actual().esPalabra("AND")) { int p = actual().pos; avanza(); e = binario("AND", std::move(e), notE(), p); }
+    while (actual().esPalabra("AND")) { int p = actual().pos; avanza(); e = binario(u"AND", std::move(e), notE(), p); }
     return e;
 }
 ExprPtr Analizador::notE() {
     if (actual().esPalabra("NOT")) {
         auto e = std::make_unique<Expr>();
         e->tipo = TipoExpr::Unario;
-        e->op = "NOT";
+        e->op = u"NOT";
         e->pos = actual().pos;
         avanza();
         e->args.push_back(notE());
@@ -432,9 +429,9 @@ ExprPtr Analizador::comparacion() {
         const Token& t = actual();
         const int p = t.pos;
         if (t.tipo == Tok::Operador &&
-            (t.texto == "=" || t.texto == "<>" || t.texto == "<" || t.texto == ">" || t.texto == "<=" ||
-             t.texto == ">=" || t.texto == "!=")) {
-            QString o = t.texto == "!=" ? QStringLiteral("<>") : t.texto;
+            (t.texto == u"=" || t.texto == u"<>" || t.texto == u"<" || t.texto == u">" || t.texto == u"<=" ||
+             t.texto == u">=" || t.texto == u"!=")) {
+            const QStringView o = OpEstatico(t.texto);
             avanza();
             e = binario(o, std::move(e), concatenacion(), p);
             continue;
@@ -501,13 +498,13 @@ ExprPtr Analizador::comparacion() {
 
 ExprPtr Analizador::concatenacion() {
     auto e = suma();
-    while (actual().esOp("&")) { int p = actual().pos; avanza(); e = binario("&", std::move(e), suma(), p); }
+    while (actual().esOp("&")) { int p = actual().pos; avanza(); e = binario(u"&", std::move(e), suma(), p); }
     return e;
 }
 ExprPtr Analizador::suma() {
     auto e = modulo();
     while (actual().esOp("+") || actual().esOp("-")) {
-        QString o = actual().texto;
+        const QStringView o = OpEstatico(actual().texto);
         int p = actual().pos;
         avanza();
         e = binario(o, std::move(e), modulo(), p);
@@ -516,18 +513,18 @@ ExprPtr Analizador::suma() {
 }
 ExprPtr Analizador::modulo() {
     auto e = divEntera();
-    while (actual().esPalabra("MOD")) { int p = actual().pos; avanza(); e = binario("MOD", std::move(e), divEntera(), p); }
+    while (actual().esPalabra("MOD")) { int p = actual().pos; avanza(); e = binario(u"MOD", std::move(e), divEntera(), p); }
     return e;
 }
 ExprPtr Analizador::divEntera() {
     auto e = producto();
-    while (actual().esOp("\\")) { int p = actual().pos; avanza(); e = binario("\\", std::move(e), producto(), p); }
+    while (actual().esOp("\\")) { int p = actual().pos; avanza(); e = binario(u"\\", std::move(e), producto(), p); }
     return e;
 }
 ExprPtr Analizador::producto() {
     auto e = unario();
     while (actual().esOp("*") || actual().esOp("/")) {
-        QString o = actual().texto;
+        const QStringView o = OpEstatico(actual().texto);
         int p = actual().pos;
         avanza();
         e = binario(o, std::move(e), unario(), p);
@@ -538,7 +535,7 @@ ExprPtr Analizador::unario() {
     if (actual().esOp("-") || actual().esOp("+")) {
         auto e = std::make_unique<Expr>();
         e->tipo = TipoExpr::Unario;
-        e->op = actual().texto;
+        e->op = OpEstatico(actual().texto);
         e->pos = actual().pos;
         avanza();
         e->args.push_back(unario());
@@ -548,12 +545,12 @@ ExprPtr Analizador::unario() {
 }
 ExprPtr Analizador::potencia() {
     auto e = primario();
-    while (actual().esOp("^")) { int p = actual().pos; avanza(); e = binario("^", std::move(e), primario(), p); }
+    while (actual().esOp("^")) { int p = actual().pos; avanza(); e = binario(u"^", std::move(e), primario(), p); }
     return e;
 }
 
 ExprPtr Analizador::primario() {
-    const Token t = actual();
+    const Token& t = actual();
     auto e = std::make_unique<Expr>();
     e->pos = t.pos;
     switch (t.tipo) {
@@ -575,10 +572,10 @@ ExprPtr Analizador::primario() {
     case Tok::Cadena:
         avanza();
         e->tipo = TipoExpr::Literal;
-        e->valor = vb::Variant(t.texto);
+        e->valor = vb::Variant(t.cadena);
         return e;
     case Tok::Fecha: {
-        auto f = LeeLiteralFecha(t.texto);
+        auto f = LeeLiteralFecha(t.texto.toString());
         if (!f) {
             inicioExpr_ = t.pos;
             contexto_ = ErrSintaxisExpresion;
@@ -624,7 +621,7 @@ ExprPtr Analizador::primario() {
             avanza();
             avanza();
             e->tipo = TipoExpr::Funcion;
-            e->nombre = t.texto;
+            e->nombre = t.texto.toString();
             if (!op(")")) {
                 do {
                     if (actual().esOp("*")) {
@@ -645,11 +642,11 @@ ExprPtr Analizador::primario() {
     case Tok::NombreCorchete: {
         avanza();
         e->tipo = TipoExpr::Columna;
-        e->nombre = t.texto;
+        e->nombre = t.texto.toString();
         if ((actual().esOp(".") || actual().esOp("!")) && esNombre(siguiente())) {
             avanza();
             e->calificador = e->nombre;
-            e->nombre = actual().texto;
+            e->nombre = actual().texto.toString();
             avanza();
         }
         return e;
@@ -670,7 +667,7 @@ Sentencia Analizador::insercion() {
     s.tabla = nombre();
     if (palabra("IN")) {
         if (actual().tipo != Tok::Cadena) falla();
-        s.baseExterna = actual().texto;
+        s.baseExterna = actual().cadena;
         avanza();
     }
     if (actual().esOp("(") && !siguiente().esPalabra("SELECT")) {
@@ -739,7 +736,7 @@ Sentencia Analizador::borrado() {
     exigePalabra("DELETE");
     if (op("*")) {
     } else if (esNombre(actual()) && (siguiente().esOp(".") || siguiente().esOp("!")) && siguiente(2).esOp("*")) {
-        s.objetivoBorrado = actual().texto;
+        s.objetivoBorrado = actual().texto.toString();
         avanza(); avanza(); avanza();
     } else if (esNombre(actual()) && !actual().esPalabra("FROM")) {
         // DELETE t FROM ...
@@ -783,9 +780,9 @@ DefColumna Analizador::defColumna() {
     DefColumna c;
     c.nombre = nombre();
     if (actual().tipo != Tok::Nombre) falla();
-    QString tipo = actual().texto;
+    const QString tipo = actual().texto.toString();
     avanza();
-    if (tipo.compare("DOUBLE", Qt::CaseInsensitive) == 0) palabra("PRECISION");
+    if (tipo.compare(QLatin1String("DOUBLE"), Qt::CaseInsensitive) == 0) palabra("PRECISION");
     bool contador = false;
     c.tipo = TipoDeNombre(tipo, contador);
     if (c.tipo == TipoCampo::Ninguno) falla();
@@ -818,9 +815,9 @@ DefColumna Analizador::defColumna() {
         } else if (actual().esPalabra("DEFAULT")) {
             avanza();
             const Token& t = actual();
-            if (t.tipo == Tok::Cadena) c.predeterminado = '"' + t.texto + '"';
-            else if (t.tipo == Tok::Numero || t.tipo == Tok::Nombre) c.predeterminado = t.texto;
-            else if (t.esOp("-") && siguiente().tipo == Tok::Numero) { avanza(); c.predeterminado = '-' + actual().texto; }
+            if (t.tipo == Tok::Cadena) c.predeterminado = u'"' + t.cadena + u'"';
+            else if (t.tipo == Tok::Numero || t.tipo == Tok::Nombre) c.predeterminado = t.texto.toString();
+            else if (t.esOp("-") && siguiente().tipo == Tok::Numero) { avanza(); c.predeterminado = u'-' + actual().texto.toString(); }
             else falla();
             avanza();
             if (op("(")) { exigeOp(")"); c.predeterminado += "()"; }

@@ -30,7 +30,9 @@ int Rango(TipoCampo t) {
     }
 }
 
-bool Iguales(const QString& a, const QString& b) { return a.compare(b, Qt::CaseInsensitive) == 0; }
+bool Iguales(const QString& a, const QString& b) {
+    return a.size() == b.size() && (a == b || a.compare(b, Qt::CaseInsensitive) == 0);
+}
 
 struct InfoFuncion {
     int minimo, maximo;
@@ -148,6 +150,7 @@ void Resolver::finaliza() {
 }
 
 void Resolver::resuelve(Sentencia& s) {
+    catalogo_.nuevaSentencia();
     faltantes_.clear();
     contadorAlias_ = 0;
     destino_ = nullptr;
@@ -356,12 +359,12 @@ void Resolver::fuente(FuenteFrom& f, Ambito& a, Ambito* padreDerivadas) {
         f.esquemaSql = esquemaDe(f.baseExterna);
         f.def = catalogo_.tabla(f.tabla, f.esquemaSql);
         if (!f.def) Lanza(ErrTablaNoEncontrada, f.tabla);
-        f.aliasSql = QStringLiteral("s%1").arg(contadorAlias_++);
+        f.aliasSql = u's' + QString::number(contadorAlias_++);
         a.hojas.push_back(&f);
         break;
     case FuenteFrom::Derivada:
         select(*f.sub, padreDerivadas);
-        f.aliasSql = QStringLiteral("s%1").arg(contadorAlias_++);
+        f.aliasSql = u's' + QString::number(contadorAlias_++);
         a.hojas.push_back(&f);
         break;
     case FuenteFrom::Join:
@@ -427,7 +430,6 @@ void Resolver::expande(Select& s, Ambito& a) {
 void Resolver::salidaDe(Select& s) {
     s.salida.clear();
     int expr1000 = 0;
-    QHash<QString, int> veces;
     for (auto& it : s.expandidos) {
         ColumnaSalida c;
         const Expr& e = *it.expr;
@@ -454,15 +456,17 @@ void Resolver::salidaDe(Select& s) {
             c.campoOrigen = e.campo->nombre;
             c.tamano = e.campo->tamano;
         }
-        veces[ClaveNombre(c.nombre)] += 1;
         s.salida.push_back(c);
     }
     // Two columns of one name, from different tables: each is named by its table.
+    std::vector<bool> repetida(s.salida.size(), false);
+    for (size_t i = 0; i < s.salida.size(); ++i)
+        for (size_t j = i + 1; j < s.salida.size(); ++j)
+            if (Iguales(s.salida[i].nombre, s.salida[j].nombre)) repetida[i] = repetida[j] = true;
     for (size_t i = 0; i < s.salida.size(); ++i) {
         auto& c = s.salida[i];
         const Expr& e = *s.expandidos[i].expr;
-        if (veces.value(ClaveNombre(c.nombre)) > 1 && s.expandidos[i].alias.isEmpty() &&
-            e.tipo == TipoExpr::Columna && e.fuente)
+        if (repetida[i] && s.expandidos[i].alias.isEmpty() && e.tipo == TipoExpr::Columna && e.fuente)
             c.nombre = e.fuente->nombreVisible() + u'.' + c.nombre;
     }
 }
@@ -620,7 +624,7 @@ void Resolver::expr(Expr& e, Ambito& a) {
         Lanza(ErrSintaxisExpresion, QStringLiteral("*"));
     case TipoExpr::Unario:
         expr(*e.args[0], a);
-        if (e.op == "NOT") {
+        if (e.op == u"NOT") {
             e.tipoDato = TipoCampo::Boolean;
         } else {
             e.tipoDato = EsTexto(e.args[0]->tipoDato) ? TipoCampo::Double : e.args[0]->tipoDato;
@@ -632,22 +636,22 @@ void Resolver::expr(Expr& e, Ambito& a) {
         expr(*e.args[0], a);
         expr(*e.args[1], a);
         const TipoCampo ta = e.args[0]->tipoDato, tb = e.args[1]->tipoDato;
-        const QString& o = e.op;
-        if (o == "=" || o == "<>" || o == "<" || o == ">" || o == "<=" || o == ">=") {
+        const QStringView o = e.op;
+        if (o == u"=" || o == u"<>" || o == u"<" || o == u">" || o == u"<=" || o == u">=") {
             compruebaComparacion(*e.args[0], *e.args[1]);
             e.tipoDato = TipoCampo::Boolean;
-        } else if (o == "AND" || o == "OR" || o == "XOR" || o == "EQV" || o == "IMP") {
+        } else if (o == u"AND" || o == u"OR" || o == u"XOR" || o == u"EQV" || o == u"IMP") {
             e.tipoDato = TipoCampo::Boolean;
-        } else if (o == "&") {
+        } else if (o == u"&") {
             e.tipoDato = (ta == TipoCampo::Memo || tb == TipoCampo::Memo) ? TipoCampo::Memo : TipoCampo::Text;
-        } else if (o == "/" || o == "^") {
+        } else if (o == u"/" || o == u"^") {
             e.tipoDato = TipoCampo::Double;
-        } else if (o == "\\" || o == "MOD") {
+        } else if (o == u"\\" || o == u"MOD") {
             e.tipoDato = Rango(ta) >= 4 || Rango(tb) >= 4 || EsTexto(ta) || EsTexto(tb) ? TipoCampo::Long : TipoCampo::Integer;
-        } else if (o == "+" && EsTexto(ta) && EsTexto(tb)) {
+        } else if (o == u"+" && EsTexto(ta) && EsTexto(tb)) {
             e.tipoDato = TipoCampo::Text;
         } else if (ta == TipoCampo::Date || tb == TipoCampo::Date) {
-            e.tipoDato = (o == "-" && ta == TipoCampo::Date && tb == TipoCampo::Date) ? TipoCampo::Double : TipoCampo::Date;
+            e.tipoDato = (o == u"-" && ta == TipoCampo::Date && tb == TipoCampo::Date) ? TipoCampo::Double : TipoCampo::Date;
         } else {
             TipoCampo x = EsTexto(ta) ? TipoCampo::Double : ta;
             TipoCampo y = EsTexto(tb) ? TipoCampo::Double : tb;
