@@ -54,8 +54,8 @@ const QStringList& SentenciasCreacion() {
         "IdCapturista TEXT(10))",
         "CREATE TABLE adqProyectos (IdProyecto COUNTER CONSTRAINT PrimaryKey PRIMARY KEY, Nombre TEXT(100), "
         "Responsable TEXT(100), IdEscuela SHORT, FuenteFinanciamiento TEXT(100), FechaAsignacion DATETIME, "
-        "FechaVigencia DATETIME, TotalAsignado CURRENCY DEFAULT 0, UltimoMovimiento DATETIME, "
-        "MontoDisponible CURRENCY DEFAULT 0, Descripcion MEMO, FechaCaptura DATETIME, IdCapturista TEXT(10), "
+        "FechaVigencia DATETIME, TotalAsignado CURRENCY, UltimoMovimiento DATETIME, "
+        "MontoDisponible CURRENCY, Descripcion MEMO, FechaCaptura DATETIME, IdCapturista TEXT(10), "
         "IdFinanciamiento SHORT NOT NULL)",
         "CREATE TABLE adqSaldoFinanciamientos (IdFinanciamiento LONG NOT NULL, UltimoMovimiento DATETIME, "
         "Monto CURRENCY DEFAULT 0, Saldo CURRENCY DEFAULT 0, Operacion TEXT(10), IdCapturista TEXT(10))",

@@ -213,6 +213,10 @@ private:
     TableDefsCollection tableDefs_;
     long long afectados_ = 0;
     QStringList adjuntas_;
+    // The open recordsets: before anything is written their scans are read to the end, so that a walk never
+    // meets a row twice or a row written after it was opened.
+    std::vector<Recordset*> abiertos_;
+    void terminaLecturas();
 };
 
 class Recordset {
@@ -318,6 +322,7 @@ private:
     sqlite3_stmt* stFila_ = nullptr;
     long filaEnSentencia_ = -1;
     mutable long filaEnCache_ = -1;
+    qint64 cambiosVistos_ = 0;            // the connection's count of changed rows when last checked
     mutable std::vector<vb::Variant> cache_;
     bool completo_ = false;
     long pos_ = 0;                        // index of the current row
@@ -328,6 +333,7 @@ private:
     std::vector<bool> cambiado_;
     bool noMatch_ = true;
     bool cerrado_ = false;
+    bool registrado_ = false;             // in the database's list of open recordsets
 };
 
 // The read of a value on a forward walk, kept inline: the current row of a dynaset read straight from the

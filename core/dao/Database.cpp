@@ -66,7 +66,15 @@ CampoDef CampoDeColumna(const DefColumna& d, int ordinal) {
 
 }  // namespace
 
-Database::~Database() { Close(); }
+Database::~Database() {
+    for (Recordset* rs : abiertos_) rs->registrado_ = false;
+    abiertos_.clear();
+    Close();
+}
+
+void Database::terminaLecturas() {
+    for (Recordset* rs : abiertos_) rs->traeTodo();
+}
 
 void Database::Close() {
     if (db_) {
@@ -278,6 +286,7 @@ void Database::Execute(const QString& sentencia, int opciones) {
     Sentencia s = Analiza(sentencia);
     if (s.clase == Sentencia::Consulta) Lanza(3065);   // a select query can't be executed
     if (s.clase != Sentencia::Insercion && s.clase != Sentencia::Actualizacion && s.clase != Sentencia::Borrado) {
+        terminaLecturas();
         ejecutaDdl(s);
         return;
     }
@@ -302,6 +311,7 @@ void Database::Execute(const QString& sentencia, int opciones) {
         sqlite3_finalize(st);
         lanzaSqlite(rc);
     }
+    terminaLecturas();
     rc = sqlite3_step(st);
     if (rc != SQLITE_DONE) {
         sqlite3_finalize(st);

@@ -8,6 +8,7 @@
 
 #include <sqlite3.h>
 
+#include <algorithm>
 #include <cstring>
 
 namespace dao {
@@ -171,6 +172,11 @@ void Recordset::Close() {
         stFila_ = nullptr;
     }
     cerrado_ = true;
+    if (registrado_ && db_) {
+        auto& l = db_->abiertos_;
+        l.erase(std::remove(l.begin(), l.end(), this), l.end());
+        registrado_ = false;
+    }
 }
 
 void Recordset::abre() {
@@ -194,6 +200,7 @@ void Recordset::abre() {
     sqlPorFila_ = e.sqlPorFila;
     filaEnSentencia_ = -1;
     filaEnCache_ = -1;
+    cambiosVistos_ = sqlite3_total_changes64(db_->sqlite());
     if (stFila_) {
         sqlite3_finalize(stFila_);
         stFila_ = nullptr;
@@ -230,6 +237,10 @@ void Recordset::abre() {
         db_->lanzaSqlite(rc);
     }
     filas_.reinicia(static_cast<int>(tipos_.size()));
+    if (!registrado_) {
+        db_->abiertos_.push_back(this);
+        registrado_ = true;
+    }
     completo_ = false;
     modo_ = dbEditNone;
     actualBorrado_ = false;
@@ -280,6 +291,16 @@ bool Recordset::Eof() { return eof_; }
 bool Recordset::Bof() { return bof_; }
 
 void Recordset::situa(long indice) {
+    // A dynaset shows each row as the table holds it when the walk reaches it: after a write, no row read
+    // before it is trusted; each is read again by its id.
+    if (porClave_) {
+        const qint64 cambios = sqlite3_total_changes64(db_->sqlite());
+        if (cambios != cambiosVistos_) {
+            cambiosVistos_ = cambios;
+            filaEnSentencia_ = -1;
+            olvidaFila();
+        }
+    }
     while (indice >= filas_.size() && trae()) {
     }
     actualBorrado_ = false;
@@ -502,7 +523,7 @@ void Recordset::CancelUpdate() {
 
 void Recordset::Update() {
     if (modo_ == dbEditNone) Lanza(ErrSinAddNewNiEdit);
-    traeTodo();     // the scan ends before the table changes under it
+    db_->terminaLecturas();     // the scans end before the table changes under them
     QStringList columnas;
     std::vector<vb::Variant> valores;
     for (size_t i = 0; i < columnas_.size(); ++i) {
@@ -585,7 +606,7 @@ void Recordset::Delete() {
     if (!actualizable_) Lanza(ErrSoloLectura);
     if (modo_ != dbEditNone) CancelUpdate();
     exigeActual();
-    traeTodo();
+    db_->terminaLecturas();
     const QByteArray u = QStringLiteral("DELETE FROM %1 WHERE rowid = ?1").arg(CitaNombre(tabla_->nombre)).toUtf8();
     sqlite3_stmt* st = nullptr;
     int rc = sqlite3_prepare_v2(db_->sqlite(), u.constData(), static_cast<int>(u.size()), &st, nullptr);

@@ -296,7 +296,7 @@ QString EmisorSqlite::binario(const Expr& e) {
     if (op == u"EQV") return QStringLiteral("((%1 <> 0) = (%2 <> 0))").arg(expr(a), expr(b));
     if (op == u"IMP") return QStringLiteral("((%1 = 0) OR (%2 <> 0))").arg(expr(a), expr(b));
     if (op == u"&") return Une({u"jet_cat(", comoTexto(a), u", ", comoTexto(b), u")"});
-    if (op == u"+" && EsTexto(a.tipoDato) && EsTexto(b.tipoDato)) return QStringLiteral("(%1 || %2)").arg(expr(a), expr(b));
+    if (op == u"+" && EsTexto(e.tipoDato)) return QStringLiteral("(%1 || %2)").arg(expr(a), expr(b));
     if ((op == u"+" || op == u"-") && (a.tipoDato == TipoCampo::Date || b.tipoDato == TipoCampo::Date)) {
         if (op == u"-" && a.tipoDato == TipoCampo::Date && b.tipoDato == TipoCampo::Date)
             return QStringLiteral("jet_fecha_dif(%1, %2)").arg(expr(a), expr(b));
@@ -322,7 +322,7 @@ QString EmisorSqlite::funcion(const Expr& e) {
     if (n == "MIN" || n == "MAX")
         return QStringLiteral("%1(%2%3)").arg(n.toLower(), arg(0), EsTexto(e.args[0]->tipoDato) ? QLatin1String(Colacion) : QLatin1String(""));
     if (n == u"IIF") return Une({u"(CASE WHEN ", arg(0), u" THEN ", arg(1), u" ELSE ", arg(2), u" END)"});
-    if (n == u"ISNULL") return Une({u"(", arg(0), u" IS NULL)"});
+    if (n == u"ISNULL") return Une({u"(-(", arg(0), u" IS NULL))"});   // True is -1, as IsNull(x) = True expects
     if (n == "NZ") return QStringLiteral("coalesce(%1, %2)").arg(arg(0), e.args.size() > 1 ? arg(1) : QStringLiteral("0"));
     if (n == "ABS") return QStringLiteral("abs(%1)").arg(comoNumero(*e.args[0]));
     if (n == "CSTR" || n == "STR") return comoTexto(*e.args[0]);

@@ -11,6 +11,7 @@ namespace jet {
 namespace {
 
 bool EsReservada(const Token& t) { return t.tipo == Tok::Nombre && t.reservada; }
+bool EsFuncionReservada(const Token& t) { return t.esPalabra("LEFT") || t.esPalabra("RIGHT"); }
 
 // The operator's text as a static string, so the tree holds no copy of it.
 QStringView OpEstatico(QStringView t) {
@@ -60,7 +61,8 @@ private:
         case Tok::Fin: return false;
         case Tok::Operador: return t.esOp("(") || t.esOp("-") || t.esOp("+");
         case Tok::Nombre:
-            return !EsReservada(t) || t.esPalabra("NOT") || t.esPalabra("NULL") || t.esPalabra("EXISTS");
+            return !EsReservada(t) || t.esPalabra("NOT") || t.esPalabra("NULL") || t.esPalabra("EXISTS") ||
+                   (EsFuncionReservada(t) && siguiente().esOp("("));
         default: return true;
         }
     }
@@ -616,7 +618,8 @@ ExprPtr Analizador::primario() {
             exigeOp(")");
             return e;
         }
-        if (EsReservada(t)) falla();
+        // Left( and Right( are the text functions, not the joins.
+        if (EsReservada(t) && !(EsFuncionReservada(t) && siguiente().esOp("("))) falla();
         if (siguiente().esOp("(")) {
             avanza();
             avanza();

@@ -100,6 +100,8 @@ bool TieneAgregado(const Expr& e) {
     return false;
 }
 
+bool EsNuloLiteral(const Expr& e) { return e.tipo == TipoExpr::Literal && e.valor.isNull(); }
+
 // A text literal compared with a number or a date is read as one; a text that isn't is a mismatch.
 void CoerceLiteral(Expr& literal, TipoCampo hacia) {
     if (literal.tipo != TipoExpr::Literal || !literal.valor.isString()) return;
@@ -648,7 +650,9 @@ void Resolver::expr(Expr& e, Ambito& a) {
             e.tipoDato = TipoCampo::Double;
         } else if (o == u"\\" || o == u"MOD") {
             e.tipoDato = Rango(ta) >= 4 || Rango(tb) >= 4 || EsTexto(ta) || EsTexto(tb) ? TipoCampo::Long : TipoCampo::Integer;
-        } else if (o == u"+" && EsTexto(ta) && EsTexto(tb)) {
+        } else if (o == u"+" && (EsTexto(ta) || EsTexto(tb)) && (EsTexto(ta) || EsNuloLiteral(*e.args[0])) &&
+                   (EsTexto(tb) || EsNuloLiteral(*e.args[1]))) {
+            // Text + text joins them; text + Null is Null, not a sum.
             e.tipoDato = TipoCampo::Text;
         } else if (ta == TipoCampo::Date || tb == TipoCampo::Date) {
             e.tipoDato = (o == u"-" && ta == TipoCampo::Date && tb == TipoCampo::Date) ? TipoCampo::Double : TipoCampo::Date;

@@ -1,0 +1,375 @@
+// The dialect's meaning on the engine: names, literals, wildcards, text comparison, functions, joins,
+// action statements, DDL, the types of result columns and the errors the screens trap by number.
+#include "ayuda_jet.h"
+
+#include "core/jet/ErroresMotor.h"
+
+namespace {
+
+using ayuda::BaseJet;
+using ayuda::Texto;
+
+class Dialecto : public BaseJet {
+protected:
+    void SetUp() override {
+        BaseJet::SetUp();
+        ejecuta("INSERT INTO Bibliotecas ([No], Nombre, [Nombre corto]) VALUES (1, 'Biblioteca Central', 'Central')");
+        ejecuta("INSERT INTO Bibliotecas ([No], Nombre, [Nombre corto], Director) VALUES (2, 'Biblioteca de Ingeniería', 'FIME', 'Ing. Treviño')");
+        ejecuta("INSERT INTO Instituciones ([No], Nombre, [Telefono/Fax], [E-mail]) VALUES (7, 'Fundación', '81 8340', 'f@x.example')");
+    }
+};
+
+TEST_F(Dialecto, NombresEntreCorchetesYSinDistinguirMayusculas) {
+    EXPECT_EQ(filas("SELECT [Telefono/Fax], [e-mail] FROM instituciones WHERE [NO]=7"), QStringList{"81 8340|f@x.example"});
+    EXPECT_EQ(filas("SELECT b.[nombre corto] FROM [BIBLIOTECAS] AS b WHERE b.no = 2"), QStringList{"FIME"});
+    // The column keeps the name the schema gives it, however the statement writes it.
+    auto rs = abre("SELECT nombre, [nombre CORTO] FROM bibliotecas");
+    EXPECT_EQ(rs->Fields(0).Name(), "Nombre");
+    EXPECT_EQ(rs->Fields(1).Name(), "Nombre corto");
+}
+
+TEST_F(Dialecto, LiteralesDeFechaEnTodasSusFormas) {
+    const std::vector<std::pair<QString, QString>> casos = {
+        {"#2026/03/07#", "2026-03-07 00:00:00"},
+        {"#2026/03/07 14:05:09#", "2026-03-07 14:05:09"},
+        {"#03/07/2026#", "2026-03-07 00:00:00"},          // month first
+        {"#03-07-2026#", "2026-03-07 00:00:00"},
+        {"#12-31-2008 23:59#", "2008-12-31 23:59:00"},
+        {"#13/02/2026#", "2026-02-13 00:00:00"},          // no month 13: day first
+        {"#07/mar/2026#", "2026-03-07 00:00:00"},
+        {"#07/ene/2026#", "2026-01-07 00:00:00"},
+        {"#07/Jan/2026#", "2026-01-07 00:00:00"},
+        {"#01/ago/2026#", "2026-08-01 00:00:00"},
+        {"#01/AUG/2026#", "2026-08-01 00:00:00"},
+        {"#15/dic/2026#", "2026-12-15 00:00:00"},
+        {"#15/Dec/2026#", "2026-12-15 00:00:00"},
+        {"#20/abr/2026#", "2026-04-20 00:00:00"},
+    };
+    for (const auto& [literal, esperado] : casos) {
+        EXPECT_EQ(texto("SELECT " + literal), esperado) << literal.toStdString();
+        // A row written with the literal is found by it.
+        ejecuta("DELETE FROM Prestamos");
+        ejecuta("INSERT INTO Prestamos (NoCuenta, FechaPrestamo) VALUES ('1', " + literal + ")");
+        EXPECT_EQ(cuenta("Prestamos WHERE FechaPrestamo = " + literal), 1) << literal.toStdString();
+    }
+    EXPECT_EQ(error("SELECT [No] FROM Bibliotecas WHERE ## = 1"), jet::ErrSintaxisExpresion);
+    EXPECT_EQ(error("SELECT #2026/02/30#"), jet::ErrSintaxisExpresion);
+    EXPECT_EQ(error("SELECT #2026/03/07"), jet::ErrSintaxisExpresion);
+}
+
+TEST_F(Dialecto, LikeConLosComodinesDelDialecto) {
+    ejecuta("CREATE TABLE T (Id COUNTER, Texto TEXT(50), Numero LONG)");
+    struct Caso { QString valor, patron; bool coincide; };
+    const std::vector<Caso> casos = {
+        {"Alfaomega", "alfa*", true},      {"Alfaomega", "ALFA?MEGA", true}, {"Alfaomega", "Alfa?", false},
+        {"Lote 42", "Lote ##", true},      {"Lote 4x", "Lote ##", false},    {"biblioteca", "[A-C]*", true},
+        {"Zeta", "[a-c]*", false},         {"Zeta", "[!a-c]*", true},        {"MECÁNICA", "*cánica", true},
+        {"50%", "50%", true},              {"500", "50%", false},            {"a_b", "a_b", true},
+        {"axb", "a_b", false},             {"*", "[*]", true},               {"x", "[*]", false},
+        {"000312", "0003*", true},         {"", "*", true},
+    };
+    for (const auto& c : casos) {
+        ejecuta("DELETE * FROM T");
+        ejecuta("INSERT INTO T (Texto) VALUES ('" + c.valor + "')");
+        EXPECT_EQ(cuenta("T WHERE Texto LIKE '" + c.patron + "'"), c.coincide ? 1 : 0)
+            << c.valor.toStdString() << " LIKE " << c.patron.toStdString();
+        EXPECT_EQ(cuenta("T WHERE Texto NOT LIKE '" + c.patron + "'"), c.coincide ? 0 : 1);
+    }
+    // On a number column the pattern reads the number's digits.
+    ejecuta("DELETE * FROM T");
+    ejecuta("INSERT INTO T (Numero) VALUES (123)");
+    ejecuta("INSERT INTO T (Numero) VALUES (312)");
+    EXPECT_EQ(filas("SELECT Numero FROM T WHERE Numero LIKE '12*'"), QStringList{"123"});
+    EXPECT_EQ(filas("SELECT Numero FROM T WHERE Numero LIKE 312"), QStringList{"312"});
+    EXPECT_EQ(cuenta("T WHERE Numero LIKE '#2#'"), 1);
+}
+
+TEST_F(Dialecto, TextoSinDistinguirMayusculasNiEnLasAcentuadas) {
+    for (const char* n : {"Nube", "Oca", "ÁLVAREZ", "Ñandú", "Alvarez", "nzeta", "Azul", "Nada"})
+        ejecuta(QStringLiteral("INSERT INTO Editoriales ([No], Nombre) SELECT Count(*) + 1, '%1' FROM Editoriales").arg(QString::fromUtf8(n)));
+    EXPECT_EQ(filas("SELECT Nombre FROM Editoriales WHERE Nombre = 'álvarez'"), QStringList{"ÁLVAREZ"});
+    EXPECT_EQ(cuenta("Editoriales WHERE Nombre = 'ñandú'"), 1);
+    EXPECT_EQ(cuenta("Editoriales WHERE Nombre IN ('NUBE', 'oca')"), 2);
+    EXPECT_EQ(filas("SELECT Nombre FROM Editoriales ORDER BY Nombre"),
+              (QStringList{"Alvarez", "ÁLVAREZ", "Azul", "Nada", "Nube", "nzeta", "Ñandú", "Oca"}));
+    EXPECT_EQ(filas("SELECT Max(Nombre), Min(Nombre) FROM Editoriales WHERE Nombre < 'O'"), QStringList{"Ñandú|Alvarez"});
+    ejecuta("INSERT INTO Editoriales ([No], Nombre) VALUES (20, 'nube')");
+    EXPECT_EQ(filas("SELECT DISTINCT Nombre FROM Editoriales WHERE Nombre LIKE 'n*' ORDER BY Nombre").size(), 3);
+}
+
+TEST_F(Dialecto, ConcatenacionYFunciones) {
+    ejecuta("INSERT INTO adqFinanciamiento (Nombre, MontoTotal, MontoXAsignar) VALUES ('Fondo', 1234.5, -20.25)");
+    const std::vector<std::pair<QString, QString>> casos = {
+        {"Nombre & ' ' & IdCapturista & '.'", "Fondo ."},                 // Null reads as empty text
+        {"'a' & Null & 'b'", "ab"},
+        {"IdFinanciamiento & '-' & Nombre", "1-Fondo"},
+        {"IsNull(Nombre + Null)", "True"},
+        {"IIf(MontoTotal > 1000, 'alto', 'bajo')", "alto"},
+        {"IIf(IsNull(IdCapturista), 'sin', IdCapturista)", "sin"},
+        {"IsNull(FechaCaptura)", "True"},
+        {"Mid(Nombre, 2, 3)", "ond"},
+        {"Mid(Nombre, 3)", "ndo"},
+        {"Mid(IdFinanciamiento, 1, 1)", "1"},
+        {"Left(Nombre, 2) & Right(Nombre, 2)", "Fodo"},
+        {"CCur(MontoTotal * 3)", "3703.5"},
+        {"CCur('12.345')", "12.345"},
+        {"Abs(MontoXAsignar)", "20.25"},
+        {"Abs(-5)", "5"},
+        {"MontoTotal - MontoXAsignar", "1254.75"},
+    };
+    for (const auto& [e, esperado] : casos)
+        EXPECT_EQ(texto("SELECT " + e + " FROM adqFinanciamiento"), esperado) << e.toStdString();
+    EXPECT_EQ(cuenta("adqFinanciamiento WHERE IsNull(IdCapturista) = True"), 1);
+    EXPECT_EQ(cuenta("adqFinanciamiento WHERE Not IsNull(IdCapturista)"), 0);
+}
+
+TEST_F(Dialecto, AgregadosTopYDistinct) {
+    ejecuta("INSERT INTO adqSaldoFinanciamientos VALUES (1, #2026/01/02#, 100.10, 0, '+ADDFinan', 'ana')");
+    ejecuta("INSERT INTO adqSaldoFinanciamientos VALUES (1, #2026/01/03#, -40.05, 0, '-SALDpag', NULL)");
+    ejecuta("INSERT INTO adqSaldoFinanciamientos VALUES (2, #2026/01/04#, 7, 0, '-SALDpag', 'ana')");
+    EXPECT_EQ(filas("SELECT Count(*), Count(IdCapturista), Sum(Monto), Max(Monto), Min(UltimoMovimiento) "
+                    "FROM adqSaldoFinanciamientos"),
+              QStringList{"3|2|67.05|100.1|2026-01-02 00:00:00"});
+    EXPECT_EQ(filas("SELECT IdFinanciamiento, Sum(Monto) FROM adqSaldoFinanciamientos GROUP BY IdFinanciamiento "
+                    "HAVING Count(*) > 1"),
+              QStringList{"1|60.05"});
+    EXPECT_EQ(filas("SELECT TOP 2 Operacion FROM adqSaldoFinanciamientos ORDER BY Monto DESC"),
+              (QStringList{"+ADDFinan", "-SALDpag"}));
+    EXPECT_EQ(filas("SELECT DISTINCT Operacion FROM adqSaldoFinanciamientos ORDER BY Operacion"),
+              (QStringList{"+ADDFinan", "-SALDpag"}));
+    // The statement of the funding screen: an alias of the select list used by a later item.
+    ejecuta("INSERT INTO adqFinanciamiento (Nombre, MontoTotal) VALUES ('Fondo', 500)");
+    const QString pagos =
+        "SELECT idfinanciamiento, montoTotal, (SELECT ccur( iif (isnull( abs(sum(monto)) ),0,abs(sum(monto)))) "
+        "FROM adqsaldoFinanciamientos WHERE Operacion='-SALDpag' AND adqsaldoFinanciamientos.IdFinanciamiento=%1) "
+        "AS Pagos, (adqFinanciamiento.MontoTotal-Pagos) AS Disponible FROM adqFinanciamiento "
+        "WHERE adqFinanciamiento.idFinanciamiento = 1 ORDER BY 1";
+    EXPECT_EQ(filas(pagos.arg(1)), QStringList{"1|500|40.05|459.95"});
+    EXPECT_EQ(filas(pagos.arg(9)), QStringList{"1|500|0|500"});
+    auto rs = abre(pagos.arg(1));
+    EXPECT_EQ(rs->Fields("Pagos").Type(), dao::dbCurrency);
+    EXPECT_EQ(rs->Fields("Disponible").Type(), dao::dbCurrency);
+}
+
+class DialectoConDatos : public BaseJet {
+protected:
+    void SetUp() override {
+        BaseJet::SetUp();
+        for (const char* s : {
+                 "INSERT INTO Bibliotecas ([No], Nombre) VALUES (1, 'Central')",
+                 "INSERT INTO Bibliotecas ([No], Nombre) VALUES (2, 'Ingeniería')",
+                 "INSERT INTO Escuelas ([No], Nombre, NoBiblioteca) VALUES (1, 'FIME', 2)",
+                 "INSERT INTO Escuelas ([No], Nombre, NoBiblioteca) VALUES (2, 'Medicina', 1)",
+                 "INSERT INTO Editoriales ([No], Nombre) VALUES (4, 'Pearson')",
+                 "INSERT INTO [Solicitudes General] (NoSolicitud, Fecha, NoEscuela, NoBiblioteca) VALUES (1, #2026/10/05#, 1, 2)",
+                 "INSERT INTO [Solicitudes General] (NoSolicitud, Fecha, NoEscuela, NoBiblioteca) VALUES (2, #2026/09/14#, 2, 1)",
+                 "INSERT INTO [Solicitudes Libros] (Titulo, NoEditorial, NoSolicitud) VALUES ('Mecánica', 4, 1)",
+                 "INSERT INTO [Solicitudes Libros] (Titulo, NoEditorial, NoSolicitud) VALUES ('Termodinámica', 9, 1)",
+                 "INSERT INTO [Solicitudes Libros] (Titulo, NoEditorial, NoSolicitud) VALUES ('Anatomía', 4, 2)",
+                 "INSERT INTO [Adquisiciones Numadqui] VALUES ('000312', 1, 'S', 'admin', #2026/09/01 16:40:00#, NULL)",
+                 "INSERT INTO [Adquisiciones Numadqui] VALUES ('000313', 2, 'S', 'admin', #2026/09/01 16:41:00#, NULL)",
+                 "INSERT INTO [Adquisiciones Numadqui] VALUES ('000314', 3, 'S', 'admin', #2026/09/01 16:42:00#, NULL)",
+             })
+            ejecuta(QString::fromUtf8(s));
+    }
+};
+
+TEST_F(DialectoConDatos, JoinsAnidadosEntreParentesisConComas) {
+    EXPECT_EQ(filas("SELECT L.Titulo, E.Nombre, B.Nombre, S.Nombre FROM ([Solicitudes Libros] L LEFT JOIN Editoriales E "
+                    "ON L.NoEditorial = E.[No]) INNER JOIN ([Solicitudes General] G INNER JOIN Bibliotecas B ON "
+                    "G.NoBiblioteca = B.[No]) ON L.NoSolicitud = G.NoSolicitud, Escuelas S "
+                    "WHERE S.[No] = G.NoEscuela ORDER BY L.ClaveLibro"),
+              (QStringList{"Mecánica|Pearson|Ingeniería|FIME", "Termodinámica|NULL|Ingeniería|FIME",
+                           "Anatomía|Pearson|Central|Medicina"}));
+    // The union of the copy listing: a derived table and a parenthesized member, each with its ORDER BY.
+    EXPECT_EQ(filas("SELECT * FROM (SELECT AN.NoAdquisicion, SL.Titulo FROM [Adquisiciones Numadqui] AS AN, "
+                    "[Solicitudes libros] AS SL WHERE SL.Clavelibro=AN.Clavelibro AND SL.NoSolicitud=1 ORDER BY 1) "
+                    "UNION (SELECT AN.NoAdquisicion, SL.Titulo FROM [Adquisiciones Numadqui] AS AN, [Solicitudes libros] "
+                    "AS SL WHERE SL.Clavelibro=AN.Clavelibro ORDER BY 1 DESC)"),
+              (QStringList{"000314|Anatomía", "000313|Termodinámica", "000312|Mecánica"}));
+    EXPECT_EQ(filas("(SELECT Nombre FROM Bibliotecas) UNION ALL (SELECT Nombre FROM Escuelas ORDER BY Nombre)"),
+              (QStringList{"Central", "FIME", "Ingeniería", "Medicina"}));
+}
+
+TEST_F(DialectoConDatos, BorradoConJoinSoloTocaLaTablaNombrada) {
+    ejecuta("delete n.* from [adquisiciones numadqui] N inner join [Solicitudes Libros] L on N.ClaveLibro=L.ClaveLibro "
+            "where L.NoSolicitud=1");
+    EXPECT_EQ(db->RecordsAffected(), 2);
+    EXPECT_EQ(filas("SELECT NoAdquisicion FROM [Adquisiciones Numadqui]"), QStringList{"000314"});
+    EXPECT_EQ(cuenta("[Solicitudes Libros]"), 3);
+    ejecuta("DELETE * FROM [Solicitudes Libros] WHERE NoSolicitud = 1");
+    EXPECT_EQ(db->RecordsAffected(), 2);
+    ejecuta("DELETE FROM [Solicitudes General]");
+    EXPECT_EQ(db->RecordsAffected(), 2);
+    EXPECT_EQ(cuenta("[Solicitudes Libros]"), 1);
+}
+
+TEST_F(DialectoConDatos, InsercionPorPosicionYEnOtraBase) {
+    ejecuta("INSERT INTO adqSaldoProyectos VALUES (1, 2, #2026/02/01#, 100000, 0, '+ADDproy', 'admin')");
+    EXPECT_EQ(filas("SELECT IdEscuela, IdFinanciamiento, Monto, Operacion FROM adqSaldoProyectos"),
+              QStringList{"1|2|100000|+ADDproy"});
+    EXPECT_EQ(error("INSERT INTO Configuracion VALUES ('solo uno')"), jet::ErrValoresYCampos);
+
+    const QString otra = ruta("intercambio.exp");
+    {
+        auto db2 = dao::Database::CreateDatabase(otra);
+        esquema::CreaTablas(*db2);
+    }
+    ejecuta("INSERT INTO [Solicitudes Libros] IN '" + otra + "' SELECT * FROM [Solicitudes Libros] WHERE NoSolicitud = 1");
+    EXPECT_EQ(db->RecordsAffected(), 2);
+    // The second file is let go: it opens on its own and the main database goes on alone.
+    auto db2 = dao::Database::OpenDatabase(otra);
+    auto rs = db2->OpenRecordset("SELECT ClaveLibro, Titulo FROM [Solicitudes Libros] ORDER BY ClaveLibro");
+    EXPECT_EQ(Texto(rs->Fields(1).Value()), "Mecánica");
+    EXPECT_EQ(rs->RecordCount(), 2);
+    EXPECT_EQ(cuenta("[Solicitudes Libros]"), 3);
+}
+
+TEST_F(Dialecto, DefinicionDeTablasYColumnas) {
+    ejecuta("CREATE TABLE [Mi Tabla] (Id COUNTER CONSTRAINT PK_Id PRIMARY KEY, Cuenta LONG NOT NULL, Corto INTEGER, "
+            "Nombre TEXT(20) NULL, Notas MEMO, Monto CURRENCY, Cuando DATETIME)");
+    ejecuta("ALTER TABLE [Mi Tabla] ADD COLUMN Extra TEXT(5)");
+    ejecuta("ALTER TABLE [mi tabla] ADD Otra LONG");
+    struct Esperado { const char* campo; int tipo, tamano, atributos; bool requerido; };
+    const std::vector<Esperado> esperados = {
+        {"Id", dao::dbLong, 4, 17, true},      {"Cuenta", dao::dbLong, 4, 1, true},  {"Corto", dao::dbLong, 4, 1, false},
+        {"Nombre", dao::dbText, 20, 2, false}, {"Notas", dao::dbMemo, 0, 2, false},  {"Monto", dao::dbCurrency, 8, 1, false},
+        {"Cuando", dao::dbDate, 8, 1, false},  {"Extra", dao::dbText, 5, 2, false},  {"Otra", dao::dbLong, 4, 1, false},
+    };
+    auto& t = db->TableDefs()["MI TABLA"];
+    ASSERT_EQ(t.Fields().Count(), static_cast<int>(esperados.size()));
+    for (size_t i = 0; i < esperados.size(); ++i) {
+        const auto& e = esperados[i];
+        auto& f = t.Fields()[static_cast<int>(i)];
+        EXPECT_EQ(f.Name(), e.campo);
+        EXPECT_EQ(f.Type(), e.tipo) << e.campo;
+        EXPECT_EQ(f.Size(), e.tamano) << e.campo;
+        EXPECT_EQ(f.Attributes(), e.atributos) << e.campo;
+        EXPECT_EQ(f.Required(), e.requerido) << e.campo;
+    }
+    ASSERT_EQ(t.Indexes().size(), 1u);
+    EXPECT_EQ(t.Indexes()[0].Name(), "PK_Id");
+    EXPECT_TRUE(t.Indexes()[0].Primary());
+    EXPECT_EQ(error("CREATE TABLE [MI TABLA] (x LONG)"), jet::ErrTablaYaExiste);
+    EXPECT_EQ(error("ALTER TABLE [Mi Tabla] ADD COLUMN extra LONG"), jet::ErrCampoYaExiste);
+    ejecuta("INSERT INTO [Mi Tabla] (Cuenta) VALUES (1)");
+    ejecuta("INSERT INTO [Mi Tabla] (Cuenta) VALUES (2)");
+    EXPECT_EQ(filas("SELECT Id FROM [Mi Tabla]"), (QStringList{"1", "2"}));
+    EXPECT_EQ(error("INSERT INTO [Mi Tabla] (Id, Cuenta) VALUES (2, 3)"), jet::ErrValorDuplicado);
+}
+
+TEST_F(Dialecto, MonedaExactaTrasMuchasActualizaciones) {
+    ejecuta("INSERT INTO adqSaldoFinanciamientos (IdFinanciamiento, Monto) VALUES (1, 0)");
+    for (int i = 0; i < 1000; ++i) ejecuta("UPDATE adqSaldoFinanciamientos SET Monto = Monto + 0.1, Saldo = Saldo - 0.0001");
+    EXPECT_EQ(valor("SELECT Monto FROM adqSaldoFinanciamientos").toCurrency().raw(), 100 * vb::Currency::Escala);
+    EXPECT_EQ(valor("SELECT Saldo FROM adqSaldoFinanciamientos").toCurrency().raw(), -1000);
+    EXPECT_EQ(cuenta("adqSaldoFinanciamientos WHERE Monto = 100"), 1);
+    // Written money keeps four decimals, rounded.
+    ejecuta("UPDATE adqSaldoFinanciamientos SET Monto = 1/3");
+    EXPECT_EQ(Texto(valor("SELECT Monto FROM adqSaldoFinanciamientos")), "0.3333");
+    for (int i = 0; i < 200; ++i) ejecuta("INSERT INTO adqSaldoFinanciamientos (IdFinanciamiento, Monto) VALUES (2, 0.35)");
+    EXPECT_EQ(Texto(valor("SELECT Sum(Monto) FROM adqSaldoFinanciamientos WHERE IdFinanciamiento = 2")), "70");
+}
+
+TEST_F(Dialecto, ValoresQueElCampoNoAdmite) {
+    struct Caso { QString sentencia; int error; };
+    const std::vector<Caso> casos = {
+        {"INSERT INTO Bibliotecas ([No]) VALUES (32767)", 0},
+        {"INSERT INTO Bibliotecas ([No]) VALUES (-32768)", 0},
+        {"INSERT INTO Bibliotecas ([No]) VALUES (32768)", jet::ErrDesbordamientoCampo},
+        {"INSERT INTO Bibliotecas ([No]) VALUES (-32769)", jet::ErrDesbordamientoCampo},
+        {"UPDATE Bibliotecas SET [No] = [No] + 1 WHERE [No] = 32767", jet::ErrDesbordamientoCampo},
+        {"INSERT INTO [Solicitudes Libros] (NoSolicitud) VALUES (40000)", jet::ErrDesbordamientoCampo},
+        {"INSERT INTO Analistas (Login) VALUES ('" + QString(10, u'ñ') + "')", 0},
+        {"INSERT INTO Analistas (Login) VALUES ('" + QString(11, u'x') + "')", jet::ErrCampoDemasiadoPequeno},
+        {"UPDATE Analistas SET Nombre = Login & '" + QString(95, u'y') + "'", jet::ErrCampoDemasiadoPequeno},
+        {"INSERT INTO adqProyectos (Nombre) VALUES ('sin fuente')", jet::ErrRequerido},
+        {"INSERT INTO adqProyectos (Nombre, IdFinanciamiento) VALUES ('nula', NULL)", jet::ErrRequerido},
+        {"INSERT INTO adqProyectos (Nombre, IdFinanciamiento) VALUES ('bien', 1)", 0},
+        {"UPDATE adqProyectos SET IdFinanciamiento = Null", jet::ErrRequerido},
+        {"INSERT INTO adqMaterialComplementario (ClaveLibro, FechaCaptura, IdCapturista, TipoMatComp) "
+         "VALUES (1, #2026/01/01#, 'ana', 1)", jet::ErrRequerido},
+        {"INSERT INTO adqSaldoFinanciamientos (IdFinanciamiento, Monto) VALUES (1, 'mucho')", jet::ErrTiposNoCoinciden},
+    };
+    for (const auto& c : casos) EXPECT_EQ(error(c.sentencia), c.error) << c.sentencia.toStdString();
+    // A refused statement leaves nothing behind.
+    EXPECT_EQ(filas("SELECT [No] FROM Bibliotecas ORDER BY [No]"), (QStringList{"-32768", "1", "2", "32767"}));
+    EXPECT_EQ(filas("SELECT Nombre, IdFinanciamiento FROM adqProyectos"), QStringList{"bien|1"});
+    // Defaults fill what an INSERT leaves out; an empty Estado is allowed.
+    ejecuta("INSERT INTO [Solicitudes General] (NoSolicitud) VALUES (1)");
+    ejecuta("INSERT INTO [Solicitudes General] (NoSolicitud, Estado) VALUES (2, '')");
+    EXPECT_EQ(filas("SELECT Estado FROM [Solicitudes General] ORDER BY NoSolicitud"), (QStringList{"S", ""}));
+    ejecuta("INSERT INTO adqFinanciamiento (Nombre) VALUES ('sin montos')");
+    EXPECT_EQ(filas("SELECT MontoTotal, MontoXAsignar FROM adqFinanciamiento"), QStringList{"0|0"});
+}
+
+TEST_F(Dialecto, TiposDeLasColumnasDelResultado) {
+    struct Caso { QString expresion, tabla; int tipo, tamano; };
+    const std::vector<Caso> casos = {
+        {"NoSolicitud", "[Solicitudes Libros]", dao::dbInteger, 2},
+        {"NoSolicitud", "[Solicitudes General]", dao::dbLong, 4},
+        {"Costo", "[Solicitudes Libros]", dao::dbCurrency, 8},
+        {"[Fecha de Recepcion]", "[Solicitudes Libros]", dao::dbDate, 8},
+        {"Titulo", "[Solicitudes Libros]", dao::dbText, 100},
+        {"Factura", "[Solicitudes Libros]", dao::dbText, 50},
+        {"Descripcion", "adqProyectos", dao::dbMemo, 0},
+        {"Count(*)", "[Solicitudes Libros]", dao::dbLong, 4},
+        {"Count(Titulo)", "[Solicitudes Libros]", dao::dbLong, 4},
+        {"Sum(Costo)", "[Solicitudes Libros]", dao::dbCurrency, 8},
+        {"Max(Costo)", "[Solicitudes Libros]", dao::dbCurrency, 8},
+        {"Max([Fecha de Recepcion])", "[Solicitudes Libros]", dao::dbDate, 8},
+        {"CCur(Edicion)", "[Solicitudes Libros]", dao::dbCurrency, 8},
+        {"Mid(Titulo, 1, 3)", "[Solicitudes Libros]", dao::dbText, 255},
+    };
+    for (const auto& c : casos) {
+        auto rs = abre("SELECT " + c.expresion + " FROM " + c.tabla);
+        EXPECT_EQ(rs->Fields(0).Type(), c.tipo) << c.expresion.toStdString();
+        EXPECT_EQ(rs->Fields(0).Size(), c.tamano) << c.expresion.toStdString();
+    }
+    // A counter shows as an auto-increment, updatable field: the fillers tell it by 49.
+    auto rs = abre("SELECT ClaveLibro, Titulo, Costo FROM [Solicitudes Libros]");
+    EXPECT_EQ(rs->Fields(0).Attributes(), dao::dbFixedField | dao::dbAutoIncrField | dao::dbUpdatableField);
+    EXPECT_EQ(rs->Fields(1).Attributes(), dao::dbVariableField | dao::dbUpdatableField);
+    EXPECT_EQ(rs->Fields(2).Attributes(), dao::dbFixedField | dao::dbUpdatableField);
+}
+
+TEST_F(Dialecto, UnaSentenciaPorLlamada) {
+    EXPECT_EQ(error("DELETE FROM Bibliotecas; DROP TABLE Escuelas"), jet::ErrCaracteresAlFinal);
+    EXPECT_EQ(error("INSERT INTO Bibliotecas ([No]) VALUES (9); DELETE FROM Bibliotecas"), jet::ErrCaracteresAlFinal);
+    EXPECT_EQ(error("UPDATE Bibliotecas SET Nombre = 'x' WHERE [No] = 1 UPDATE Bibliotecas SET Nombre = 'y'"),
+              jet::ErrCaracteresAlFinal);
+    EXPECT_EQ(error("SELECT [No] FROM Bibliotecas; SELECT * FROM Escuelas"), jet::ErrCaracteresAlFinal);
+    EXPECT_EQ(filas("SELECT [No], Nombre FROM Bibliotecas ORDER BY [No]"),
+              (QStringList{"1|Biblioteca Central", "2|Biblioteca de Ingeniería"}));
+    EXPECT_NE(db->TableDefs().busca("Escuelas"), nullptr);
+    ejecuta("DELETE FROM Bibliotecas WHERE [No] = 2;");    // a closing semicolon alone is fine
+    EXPECT_EQ(cuenta("Bibliotecas"), 1);
+}
+
+TEST_F(Dialecto, ErroresConElNumeroDelMotor) {
+    struct Caso { QString sentencia; int error; };
+    const std::vector<Caso> casos = {
+        {"SELECT * FROM Nada", jet::ErrTablaNoEncontrada},
+        {"SELECT b.Nombre FROM Bibliotecas b INNER JOIN Nada n ON b.[No] = n.[No]", jet::ErrTablaNoEncontrada},
+        {"DELETE FROM Nada", jet::ErrTablaNoEncontrada},
+        {"UPDATE Nada SET x = 1", jet::ErrTablaNoEncontrada},
+        {"INSERT INTO Nada VALUES (1)", jet::ErrTablaNoEncontrada},
+        {"SELECT Apellido FROM Bibliotecas", jet::ErrPocosParametros},
+        {"SELECT Nombre FROM Bibliotecas WHERE Ciudad = 'x'", jet::ErrPocosParametros},
+        {"SELECT Nombre FROM Bibliotecas ORDER BY Ciudad", jet::ErrPocosParametros},
+        {"UPDATE Bibliotecas SET Ciudad = 'x'", jet::ErrPocosParametros},
+        {"INSERT INTO Bibliotecas ([No], Ciudad) VALUES (5, 'x')", jet::ErrCampoInsertDesconocido},
+        {"SELECT Nombre FROM Bibliotecas WHERE [No] = 'uno'", jet::ErrTiposNoCoinciden},
+        {"SELECT Nombre FROM Bibliotecas WHERE Nombre > 5", jet::ErrTiposNoCoinciden},
+        {"SELECT Nombre FROM [Solicitudes General] WHERE Fecha = 'ayer'", jet::ErrTiposNoCoinciden},
+        {"UPDATE Bibliotecas SET [No] = 'uno'", jet::ErrTiposNoCoinciden},
+        {"SELECT Nombre FROM Bibliotecas WHERE [No] = (1", jet::ErrSintaxisExpresion},
+        {"SELECT Nombre FROM Bibliotecas WHERE [No] = 1 +", jet::ErrSintaxisExpresion},
+        {"SELECT Nombre FROM Bibliotecas b, Escuelas e WHERE e.NoBiblioteca = b.[No] AND Nombre = 'x'", jet::ErrCampoAmbiguo},
+    };
+    for (const auto& c : casos) EXPECT_EQ(error(c.sentencia), c.error) << c.sentencia.toStdString();
+    // A number written as text where a number goes is read as the number.
+    EXPECT_EQ(filas("SELECT Nombre FROM Bibliotecas WHERE [No] = '2'"), QStringList{"Biblioteca de Ingeniería"});
+}
+
+}  // namespace

@@ -1,0 +1,184 @@
+// The tables of a new database as TableDefs shows them, tables made through TableDefs, the file as plain
+// SQLite sees it, the refusal of a legacy file, and the scrambled credential record.
+#include "ayuda_jet.h"
+
+#include "core/Credenciales.h"
+#include "core/jet/ErroresMotor.h"
+
+#include <QFile>
+#include <QFileInfo>
+#include <sqlite3.h>
+
+namespace {
+
+using ayuda::BaseJet;
+using ayuda::ErrorDe;
+
+class Esquema : public BaseJet {};
+
+TEST_F(Esquema, CreaTablasHaceCadaTablaConSusTiposYPredeterminados) {
+    const QStringList tablas = {
+        "Configuracion", "Analistas", "Bibliotecas", "Escuelas", "Editoriales", "Instituciones", "Proveedores",
+        "Prestamos", "Prestamos Internos", "Solicitudes General", "Solicitudes Libros", "Adquisiciones Numadqui",
+        "Donaciones General", "Donaciones Libros", "adqFinanciamiento", "adqProyectos", "adqSaldoFinanciamientos",
+        "adqSaldoProyectos", "PagoFacturasGral", "PagoFacturasDetalle", "adqMaterialComplementario"};
+    auto& defs = db->TableDefs();
+    for (const auto& t : tablas) EXPECT_NE(defs.busca(t), nullptr) << t.toStdString();
+    // The bookkeeping stays out of sight.
+    EXPECT_EQ(defs.busca("MSysCampos"), nullptr);
+    EXPECT_EQ(defs.busca("MSysIndices"), nullptr);
+    EXPECT_EQ(error("SELECT * FROM MSysCampos"), jet::ErrTablaNoEncontrada);
+
+    struct Campo { const char* tabla; const char* campo; int tipo, tamano; bool requerido; const char* predeterminado; };
+    const std::vector<Campo> campos = {
+        {"Solicitudes General", "NoSolicitud", dao::dbLong, 4, true, ""},
+        {"Solicitudes General", "Estado", dao::dbText, 1, false, "\"S\""},
+        {"Solicitudes Libros", "NoSolicitud", dao::dbInteger, 2, false, ""},
+        {"Solicitudes Libros", "Costo", dao::dbCurrency, 8, false, ""},
+        {"Adquisiciones Numadqui", "MatComplementario", dao::dbText, 15, false, ""},
+        {"adqFinanciamiento", "MontoXAsignar", dao::dbCurrency, 8, false, "0"},
+        {"adqProyectos", "Descripcion", dao::dbMemo, 0, false, ""},
+        {"adqProyectos", "IdFinanciamiento", dao::dbInteger, 2, true, ""},
+        {"adqSaldoProyectos", "IdEscuela", dao::dbLong, 4, true, ""},
+        {"PagoFacturasGral", "FuenteFinanciamiento", dao::dbText, 40, false, ""},
+        {"adqMaterialComplementario", "Titulo", dao::dbText, 255, true, ""},
+        {"adqMaterialComplementario", "FechaCaptura", dao::dbDate, 8, true, ""},
+        {"Configuracion", "Descripción", dao::dbText, 50, true, ""},
+        {"Proveedores", "Télefono/Fax", dao::dbText, 30, false, ""},
+    };
+    for (const auto& c : campos) {
+        SCOPED_TRACE(std::string(c.tabla) + "." + c.campo);
+        dao::Field* f = defs[c.tabla].Fields().busca(QString::fromUtf8(c.campo));
+        ASSERT_NE(f, nullptr);
+        EXPECT_EQ(f->Type(), c.tipo);
+        EXPECT_EQ(f->Size(), c.tamano);
+        EXPECT_EQ(f->Required(), c.requerido);
+        EXPECT_EQ(f->DefaultValue(), QString::fromUtf8(c.predeterminado));
+    }
+    for (const char* t : {"adqFinanciamiento", "adqProyectos", "Solicitudes Libros", "PagoFacturasGral"}) {
+        auto& f = defs[t].Fields()[0];
+        EXPECT_EQ(f.Attributes(), dao::dbFixedField | dao::dbAutoIncrField) << t;
+        EXPECT_EQ(f.Type(), dao::dbLong) << t;
+    }
+    const auto& indices = defs["adqProyectos"].Indexes();
+    ASSERT_EQ(indices.size(), 1u);
+    EXPECT_EQ(indices[0].Name(), "PrimaryKey");
+    EXPECT_TRUE(indices[0].Primary());
+    EXPECT_EQ(indices[0].FieldNames(), QStringList{"IdProyecto"});
+    EXPECT_EQ(defs["PagoFacturasGral"].Indexes()[0].Name(), "PK_IdPagoFactura");
+    EXPECT_EQ(defs["Adquisiciones Numadqui"].Indexes().size(), 2u);
+}
+
+TEST_F(Esquema, TablasHechasConTableDefs) {
+    auto t = db->CreateTableDef("Cuentas");
+    auto id = t->CreateField("Id", dao::dbLong);
+    id.setAttributes(dao::dbAutoIncrField | dao::dbFixedField);
+    t->Fields().Append(id);
+    auto nombre = t->CreateField("Nombre", dao::dbText, 30);
+    nombre.setRequired(true);
+    t->Fields().Append(nombre);
+    auto saldo = t->CreateField("Saldo", dao::dbCurrency);
+    saldo.setDefaultValue("0");
+    t->Fields().Append(saldo);
+    EXPECT_EQ(ErrorDe([&] { t->Fields().Append(t->CreateField("nombre", dao::dbLong)); }), jet::ErrCampoYaExiste);
+    auto pk = t->CreateIndex("PrimaryKey");
+    pk.setPrimary(true);
+    pk.AppendField(pk.CreateField("Id"));
+    t->AppendIndex(pk);
+    auto unico = t->CreateIndex("PorNombre");
+    unico.setUnique(true);
+    unico.AppendField(unico.CreateField("Nombre"));
+    t->AppendIndex(unico);
+    db->TableDefs().Append(std::move(t));
+
+    auto& c = db->TableDefs()["cuentas"];
+    EXPECT_EQ(c.Fields()["Nombre"].Size(), 30);
+    EXPECT_TRUE(c.Fields()["Nombre"].Required());
+    EXPECT_EQ(c.Indexes().size(), 2u);
+    ejecuta("INSERT INTO Cuentas (Nombre) VALUES ('Ana')");
+    EXPECT_EQ(ayuda::Texto(valor("SELECT Id & '/' & Saldo FROM Cuentas")), "1/0");
+    EXPECT_EQ(error("INSERT INTO Cuentas (Nombre) VALUES ('ANA')"), jet::ErrValorDuplicado);
+    EXPECT_EQ(error("INSERT INTO Cuentas (Saldo) VALUES (1)"), jet::ErrRequerido);
+
+    // A field appended to a stored table changes the table; Refresh sees what a statement made.
+    db->TableDefs()["Cuentas"].Fields().Append(db->TableDefs()["Cuentas"].CreateField("Notas", dao::dbMemo));
+    ejecuta("UPDATE Cuentas SET Notas = 'nota'");
+    ejecuta("CREATE TABLE Otra (x LONG)");
+    db->TableDefs().Refresh();
+    EXPECT_NE(db->TableDefs().busca("otra"), nullptr);
+    db->TableDefs().Delete("Otra");
+    db->TableDefs().Refresh();
+    EXPECT_EQ(db->TableDefs().busca("Otra"), nullptr);
+    EXPECT_EQ(error("SELECT * FROM Otra"), jet::ErrTablaNoEncontrada);
+}
+
+TEST_F(Esquema, ElArchivoEsSqliteSinNadaPropio) {
+    ejecuta("INSERT INTO Bibliotecas ([No], Nombre) VALUES (1, 'Ñandú')");
+    ejecuta("INSERT INTO [Solicitudes Libros] (Titulo, Costo, [Fecha de Recepcion]) VALUES ('Álgebra', 1250.5, #2026/09/01#)");
+    ejecuta("INSERT INTO Analistas (Login, Nombre) VALUES ('ana', 'Ana')");
+    db.reset();
+
+    sqlite3* s = nullptr;
+    ASSERT_EQ(sqlite3_open_v2(QFile::encodeName(ruta("KORVEL8.mdb")).constData(), &s, SQLITE_OPEN_READWRITE, nullptr), SQLITE_OK);
+    auto texto = [&](const char* sql) {
+        sqlite3_stmt* st = nullptr;
+        QStringList r;
+        if (sqlite3_prepare_v2(s, sql, -1, &st, nullptr) != SQLITE_OK) return QStringLiteral("ERROR: ") + sqlite3_errmsg(s);
+        while (sqlite3_step(st) == SQLITE_ROW)
+            r << QString::fromUtf8(reinterpret_cast<const char*>(sqlite3_column_text(st, 0)));
+        sqlite3_finalize(st);
+        return r.join(u'|');
+    };
+    EXPECT_EQ(texto("PRAGMA integrity_check"), "ok");
+    EXPECT_EQ(texto("SELECT Nombre FROM Bibliotecas"), "Ñandú");
+    EXPECT_EQ(texto("SELECT Costo || ' ' || \"Fecha de Recepcion\" FROM \"Solicitudes Libros\""), "1250.5 2026-09-01 00:00:00");
+    // Writes through every index work without the engine's functions.
+    EXPECT_EQ(texto("INSERT INTO Analistas (Login) VALUES ('luis') RETURNING Login"), "luis");
+    EXPECT_EQ(texto("SELECT count(*) FROM sqlite_master WHERE sql LIKE '%JETTEXT%' OR sql LIKE '%jet\\_%' ESCAPE '\\'"), "0");
+    EXPECT_EQ(texto("PRAGMA integrity_check"), "ok");
+    sqlite3_close(s);
+
+    // And it opens again as a database of the program, with what plain SQLite wrote.
+    db = dao::Database::OpenDatabase(ruta("KORVEL8.mdb"));
+    EXPECT_EQ(filas("SELECT Login FROM Analistas ORDER BY Login"), (QStringList{"ana", "luis"}));
+}
+
+TEST_F(Esquema, ArchivoDelFormatoAnteriorSeRechazaSinTocarlo) {
+    QByteArray cabecera("\x00\x01\x00\x00Standard Jet DB\x00", 20);
+    cabecera += QByteArray(2028, '\x5a');
+    const QString viejo = ruta("viejo.mdb");
+    {
+        QFile f(viejo);
+        ASSERT_TRUE(f.open(QIODevice::WriteOnly));
+        f.write(cabecera);
+    }
+    const QDateTime antes = QFileInfo(viejo).lastModified();
+    EXPECT_EQ(ErrorDe([&] { dao::Database::OpenDatabase(viejo); }), jet::ErrFormatoNoReconocido);
+    ejecuta("INSERT INTO Bibliotecas ([No]) VALUES (1)");
+    EXPECT_EQ(error("INSERT INTO Bibliotecas IN '" + viejo + "' SELECT * FROM Bibliotecas"), jet::ErrFormatoNoReconocido);
+    QFile f(viejo);
+    ASSERT_TRUE(f.open(QIODevice::ReadOnly));
+    EXPECT_EQ(f.readAll(), cabecera);
+    EXPECT_EQ(QFileInfo(viejo).lastModified(), antes);
+    EXPECT_FALSE(QFileInfo::exists(viejo + "-wal"));
+    EXPECT_FALSE(QFileInfo::exists(viejo + "-journal"));
+
+    EXPECT_EQ(ErrorDe([&] { dao::Database::CreateDatabase(viejo); }), jet::ErrBaseYaExiste);
+    EXPECT_EQ(ErrorDe([&] { dao::Database::OpenDatabase(ruta("no-existe.mdb")); }), jet::ErrArchivoNoEncontrado);
+    EXPECT_FALSE(QFileInfo::exists(ruta("no-existe.mdb")));
+}
+
+TEST(Credenciales, ElRegistroCifradoVaYVuelve) {
+    for (const QString& plano : {QStringLiteral("admin,admin,011,1"), QStringLiteral("josé,contraseña,001,10"),
+                                QStringLiteral("ñññññññññ"), QString()}) {
+        const QString cifrado = credenciales::CifraClave(plano);
+        EXPECT_EQ(cifrado.size(), 2 * plano.size());
+        for (QChar c : cifrado) EXPECT_TRUE(c.isDigit() || (c >= u'A' && c <= u'F')) << cifrado.toStdString();
+        EXPECT_EQ(credenciales::DescifraClave(cifrado), plano);
+    }
+    // Each character is scrambled by its place: the same letter gives different pairs.
+    EXPECT_NE(credenciales::CifraClave("aa").left(2), credenciales::CifraClave("aa").mid(2));
+    EXPECT_EQ(credenciales::Registro("ana", "ñu", "011", "1"), credenciales::CifraClave("ana,ñu,011,1"));
+}
+
+}  // namespace
