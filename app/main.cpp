@@ -1,0 +1,53 @@
+// adquisiciones: the acquisitions module of KORVEL 8.
+//
+// Options of the program's own come before the "-u usuario -p clave" of the suite and are removed from the
+// command line before start-up reads it:
+//   --captura ARCHIVO.png   once start-up is over, save a picture of the main window, print its path and end
+#include "core/FormPrincipal.h"
+#include "core/ui/Plataforma.h"
+#include "core/ui/PlataformaQt.h"
+
+#include <QApplication>
+#include <QScreen>
+#include <QTimer>
+#include <cstdio>
+
+int main(int argc, char** argv) {
+    QApplication app(argc, argv);
+    QApplication::setApplicationName(QStringLiteral("Adquisiciones"));
+    ui::InstalaPlataforma(std::make_unique<ui::PlataformaQt>());
+
+    QStringList argumentos = app.arguments().mid(1);
+    QString captura;
+    while (!argumentos.isEmpty() && argumentos.first().startsWith(QLatin1String("--"))) {
+        const QString opcion = argumentos.takeFirst();
+        if (opcion == QLatin1String("--captura") && !argumentos.isEmpty()) captura = argumentos.takeFirst();
+    }
+
+    FormPrincipal principal;
+    principal.LineaComandos = argumentos.join(u' ');
+    bool seguir = false;
+    // Start-up traps nothing: an engine error (no database, an unreadable file) is the first thing the
+    // user sees, and the program ends.
+    try {
+        seguir = principal.Form_Load();
+    } catch (const vb::Error& e) {
+        ui::Sistema().MsgBox(ui::TextoFallaPredeterminada(e.Number(), e.Description()), ui::vbCritical);
+        return 1;
+    } catch (const std::exception& e) {
+        ui::Sistema().MsgBox(QString::fromLocal8Bit(e.what()), ui::vbCritical);
+        return 1;
+    }
+    if (!seguir) return 0;
+
+    if (!captura.isEmpty()) {
+        // The picture is taken once the splash has gone.
+        QTimer::singleShot(5600, &principal, [&principal, captura] {
+            principal.grab().save(captura, "PNG");
+            std::printf("%s\n", captura.toLocal8Bit().constData());
+            std::fflush(stdout);
+            QApplication::exit(0);
+        });
+    }
+    return app.exec();
+}

@@ -1,0 +1,96 @@
+#pragma once
+// The main window and start-up object: Form_Load opens the database, reads the settings, brings the schema
+// up to date, logs the analyst in and sets the session; then the window offers the menu and the picture
+// buttons that open every screen.
+#include <QMainWindow>
+#include <QHash>
+#include <QStringList>
+#include <array>
+#include <functional>
+
+class QAction;
+class QGroupBox;
+class QLabel;
+class QMenu;
+class QTimer;
+class QToolButton;
+
+class FormPrincipal : public QMainWindow {
+    Q_OBJECT
+public:
+    explicit FormPrincipal(QWidget* padre = nullptr);
+
+    // The program's command line without the options of its own ("-u usuario -p clave").
+    QString LineaComandos;
+
+    // Start-up in the specified order. False when the program must end (no analyst, login refused,
+    // too many attempts); an untrapped engine error propagates to the caller.
+    bool Form_Load();
+    // Steps 1 to 11: up to the moment the login is asked. False when there is no analyst.
+    bool ArranqueHastaLogin();
+    void Form_Unload();
+
+    void ConfiguraPermisos();
+    void ToolPPAL_Click(int indice);
+    void Timer1_Timer();
+
+    // Menu commands, by control name.
+    QAction* menuAdministracion;
+    QAction* menuFinanciamiento;
+    QAction* menuProyectos;
+    QAction* menuPagoFacturas;
+    QAction* menuReporteGastosFuente;
+    QAction* menuReporteGastosEscuela;
+    QAction* Catalogos;
+    QAction* Escuelas;
+    QAction* Bibliotecas;
+    QAction* Proveedores;
+    QAction* Editoriales;
+    QAction* Instituciones;
+    QAction* ProcesoDiario;
+    QAction* Solicitudes;
+    QAction* Pedidos;
+    QAction* Recepcion;
+    QAction* Consultas;
+    QAction* DonacionCambio;
+    QAction* Reportes;
+    QAction* Listados;
+    QAction* EjemAdq;
+    QAction* Utilerias;
+    QAction* CambioFecha;
+    QAction* Exportacion;
+    QAction* Importacion;
+    QAction* Salir;
+
+    std::array<QToolButton*, 9> ToolPPAL{};
+    QGroupBox* FraUsuario;
+    QLabel* Label1;
+    QLabel* Label2;
+    QLabel* LblNombre;
+    QLabel* LblTipo;
+    QLabel* lblActua;
+    QLabel* PictureSplash;
+    QTimer* Timer1;
+
+    // The screens of the other subsystems register here how the main window opens them, by command name
+    // (the menu control's name: "Solicitudes", "Escuelas", ...). A command without a screen in this build
+    // stays disabled.
+    using Apertura = std::function<void(FormPrincipal&)>;
+    static void RegistraPantalla(const QString& comando, Apertura abre);
+    static bool PantallaDisponible(const QString& comando);
+    void Ejecuta(const QString& comando);
+
+protected:
+    void resizeEvent(QResizeEvent* e) override;
+    void closeEvent(QCloseEvent* e) override;
+
+private:
+    static QHash<QString, Apertura>& Pantallas();
+    QWidget* Picture1;
+    QMenu* menus_[6] = {};
+    void construye();
+    void AbrirBaseDatos();
+    void LeerConfiguracion();
+    void CambioFecha_Click();
+    void Ayuda();
+};

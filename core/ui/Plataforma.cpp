@@ -1,0 +1,54 @@
+#include "core/ui/Plataforma.h"
+
+#include "core/ui/PlataformaQt.h"
+#include "core/vb/Error.h"
+
+#include <exception>
+#include <new>
+
+namespace ui {
+
+namespace {
+std::unique_ptr<Plataforma>& Instalada() {
+    static std::unique_ptr<Plataforma> p;
+    return p;
+}
+
+// Shows the default failure box; a failure while showing it is swallowed, as nothing may leave a handler.
+void MuestraFalla(int numero, const QString& descripcion) {
+    try {
+        Sistema().MsgBox(TextoFallaPredeterminada(numero, descripcion), vbCritical, TituloPrograma);
+    } catch (...) {
+    }
+}
+}  // namespace
+
+Plataforma& Sistema() {
+    auto& p = Instalada();
+    // Nothing installed yet: the program's own toolkit.
+    if (!p) p = std::make_unique<PlataformaQt>();
+    return *p;
+}
+
+void InstalaPlataforma(std::unique_ptr<Plataforma> p) { Instalada() = std::move(p); }
+
+QString TextoFallaPredeterminada(int numero, const QString& descripcion) {
+    return QStringLiteral("Se produjo el error ") + QString::number(numero) + QStringLiteral("\r\n") + descripcion;
+}
+
+void Protegido(const QString& origen, const std::function<void()>& manejador) {
+    (void)origen;
+    try {
+        manejador();
+    } catch (const vb::Error& e) {
+        MuestraFalla(e.Number(), e.Description());
+    } catch (const std::bad_alloc&) {
+        MuestraFalla(7, QStringLiteral("Memoria insuficiente"));
+    } catch (const std::exception& e) {
+        MuestraFalla(51, QStringLiteral("Error interno: ") + QString::fromLocal8Bit(e.what()));
+    } catch (...) {
+        MuestraFalla(51, QStringLiteral("Error interno"));
+    }
+}
+
+}  // namespace ui

@@ -1,0 +1,69 @@
+#pragma once
+// The platform on Qt Widgets: what the program installs when it runs.
+#include "core/ui/Plataforma.h"
+
+#include <QPointer>
+#include <QStringList>
+#include <QTextBrowser>
+
+class QPrinter;
+
+namespace ui {
+
+class PlataformaQt : public Plataforma {
+public:
+    int MsgBox(const QString& texto, int flags = vbOKOnly, const QString& titulo = QString()) override;
+    void MuestraModal(QDialog& pantalla) override;
+    void Muestra(QWidget& pantalla) override;
+    void Beep() override;
+    bool AbreArchivo(DialogoArchivo& d) override;
+    bool GuardaArchivo(DialogoArchivo& d) override;
+    std::unique_ptr<VistaHtml> CreaVistaHtml(QWidget* padre) override;
+    void FocoSiguiente(QWidget* desde) override;
+    bool FijaFechaSistema(const QDate& fecha) override;
+    QString DireccionLocal() override;
+    bool IniciaPrograma(const QString& ruta) override;
+    void Termina() override;
+    QString RutaPrograma() override;
+    QString DirectorioActual() override;
+};
+
+// The file dialog's filter "Texto (*.txt)|*.txt|Todos (*.*)|*.*" as Qt's name filters, one per pair:
+// "Texto (*.txt)", "Todos (*.*)". Several patterns "*.xls;*.xlsx" become "*.xls *.xlsx".
+QStringList FiltrosQt(const QString& filtro);
+
+// A document's text by its declared encoding (meta charset or XML declaration); without one, UTF-8 when the
+// bytes are valid UTF-8 and Windows-1252 otherwise.
+QString DecodificaDocumento(const QByteArray& bytes);
+
+// The embedded document view on QTextBrowser. Loading is synchronous: ReadyState is 4 as soon as Navigate or
+// DocumentClose returns.
+class VistaHtmlQt : public VistaHtml {
+public:
+    explicit VistaHtmlQt(QWidget* padre);
+    ~VistaHtmlQt() override;
+
+    void Navigate(const QString& direccion) override;
+    int ReadyState() const override { return estado_; }
+    void DocumentOpen() override;
+    void DocumentWrite(const QString& html) override;
+    void DocumentClose() override;
+    QString DocumentHtml() const override { return html_; }
+    QString LocationURL() const override { return url_; }
+    bool Imprimir(bool conDialogo = true) override;
+    bool ConfigurarPagina() override;
+    bool GuardarPdf(const QString& ruta) override;
+    QWidget* widget() override;
+
+    QTextBrowser* navegador() const { return navegador_; }
+
+private:
+    QPrinter& impresora();
+    QPointer<QTextBrowser> navegador_;
+    std::unique_ptr<QPrinter> impresora_;
+    QString html_;
+    QString url_;
+    int estado_ = 0;
+};
+
+}  // namespace ui

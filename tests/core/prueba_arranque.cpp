@@ -1,0 +1,283 @@
+// Start-up and session: the order of Form_Load, the login against the scrambled credential record, the
+// command line, the rights of a visitor, the settings, the institution's network, and what ends the start.
+#include "core/Credenciales.h"
+#include "core/DatosDemo.h"
+#include "core/Esquema.h"
+#include "core/FormPrincipal.h"
+#include "core/Globales.h"
+#include "core/Leepasswd.h"
+#include "core/dao/Dao.h"
+#include "core/ui/PlataformaPrueba.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QFile>
+#include <QLabel>
+#include <QLineEdit>
+#include <QTemporaryDir>
+#include <QToolButton>
+#include <gtest/gtest.h>
+
+namespace {
+
+class Arranque : public ::testing::Test {
+protected:
+    QTemporaryDir dir;
+    ui::PlataformaPrueba* sistema = nullptr;
+
+    void SetUp() override {
+        auto p = std::make_unique<ui::PlataformaPrueba>();
+        sistema = p.get();
+        sistema->rutaPrograma = dir.path();
+        sistema->directorioActual = dir.path();
+        ui::InstalaPlataforma(std::move(p));
+        globales::BaseDatos.reset();
+        globales::LoginAnalista.clear();
+        globales::Derechos = {0, 0, 0};
+        globales::EnRedInstitucional = false;
+    }
+    void TearDown() override { globales::BaseDatos.reset(); }
+
+    QString base() const { return dir.filePath(QStringLiteral("KORVEL8.mdb")); }
+
+    // A current database with the demo's analysts (admin "011", visita "001").
+    void creaBase(bool conAnalistas = true) {
+        auto db = dao::Database::CreateDatabase(base());
+        esquema::CreaTablas(*db);
+        if (conAnalistas) demo::CargaDemo(*db);
+        else db->Execute(QStringLiteral("INSERT INTO Configuracion VALUES ('FixSolDonNumAdqui', '83.26a=2026-11-22')"));
+    }
+
+    // A login typed in the dialog, answered by script.
+    void tecleaAlEntrar(QStringList intentos) {
+        sistema->AlMostrar(QStringLiteral("Leepasswd"), [intentos](QDialog& d) {
+            auto& acceso = static_cast<Leepasswd&>(d);
+            for (const auto& intento : intentos) {
+                acceso.Text1->setText(intento.section(u'/', 0, 0));
+                acceso.Text2->setText(intento.section(u'/', 1));
+                acceso.Command1_Click();
+                if (acceso.Resultado == QLatin1String("OK") || acceso.isHidden() && intento == intentos.last()) break;
+            }
+        });
+    }
+};
+
+TEST_F(Arranque, SinAnalistasNoHayDialogoYSeIniciaUtileriasSiEsta) {
+    creaBase(false);
+    {
+        FormPrincipal f;
+        EXPECT_FALSE(f.Form_Load());
+        EXPECT_TRUE(sistema->modales.isEmpty());
+        EXPECT_TRUE(sistema->terminado);
+        ASSERT_EQ(sistema->cajas.size(), 1u);
+        EXPECT_EQ(sistema->cajas[0].texto,
+                  QStringLiteral("No hay analistas dados de alta,es necesario que agregue al menos uno \r\nen el módulo de utilerías"));
+        EXPECT_EQ(sistema->cajas[0].titulo, QStringLiteral("Falta analista"));
+        EXPECT_EQ(sistema->cajas[0].flags, ui::vbExclamation);
+    }
+    // With the sibling program in the current directory, it is started instead of the box.
+    QFile utilerias(dir.filePath(QStringLiteral("Utilerias")));
+    ASSERT_TRUE(utilerias.open(QIODevice::WriteOnly));
+    utilerias.close();
+    sistema->cajas.clear();
+    FormPrincipal f;
+    EXPECT_FALSE(f.Form_Load());
+    EXPECT_TRUE(sistema->cajas.empty());
+    ASSERT_EQ(sistema->programas.size(), 1);
+    EXPECT_TRUE(sistema->programas[0].endsWith(QStringLiteral("Utilerias")));
+}
+
+TEST_F(Arranque, LineaDeComandosConUsuarioYClave) {
+    creaBase();
+    FormPrincipal f;
+    f.LineaComandos = QStringLiteral("-u  ADMIN -p admin");
+    ASSERT_TRUE(f.Form_Load());
+    EXPECT_TRUE(sistema->modales.isEmpty());
+    // The session takes the table's spelling of the login.
+    EXPECT_EQ(globales::LoginAnalista, QStringLiteral("admin"));
+    EXPECT_EQ(f.LblNombre->text(), QStringLiteral(" admin"));
+    EXPECT_EQ(f.LblTipo->text(), QStringLiteral(" Administrador"));
+    EXPECT_EQ(f.windowTitle(), QStringLiteral("KORVEL8 - Módulo de adquisiciones - Universidad Autónoma del Noreste"));
+    EXPECT_EQ(f.lblActua->text(), QStringLiteral("KORVEL 8.0 act. 4.0 [20081215]"));
+    EXPECT_TRUE(f.menuAdministracion->isVisible());
+    EXPECT_TRUE(sistema->cajas.empty()) << sistema->Textos().join(u'|').toStdString();
+}
+
+TEST_F(Arranque, LineaDeComandosIncompletaPideElDialogo) {
+    creaBase();
+    for (const QString linea : {QStringLiteral("-p admin -u admin"), QStringLiteral("-u admin"), QStringLiteral("-p admin")}) {
+        sistema->modales.clear();
+        tecleaAlEntrar({QStringLiteral("admin/admin")});
+        FormPrincipal f;
+        f.LineaComandos = linea;
+        EXPECT_TRUE(f.Form_Load()) << linea.toStdString();
+        EXPECT_EQ(sistema->modales, QStringList{QStringLiteral("Leepasswd")}) << linea.toStdString();
+        globales::BaseDatos.reset();
+    }
+}
+
+TEST_F(Arranque, ClaveEquivocadaEnLaLineaDaUnVisitanteSinNombre) {
+    creaBase();
+    FormPrincipal f;
+    f.LineaComandos = QStringLiteral("-u admin -p otra");
+    ASSERT_TRUE(f.Form_Load());
+    EXPECT_EQ(sistema->Textos(), QStringList{QStringLiteral("Clave Erronea")});
+    EXPECT_EQ(sistema->UltimaCaja().titulo, QStringLiteral("Error de acceso"));
+    EXPECT_EQ(sistema->UltimaCaja().flags, ui::vbCritical);
+    EXPECT_EQ(globales::LoginAnalista, QString());
+    EXPECT_EQ(f.LblTipo->text(), QStringLiteral(" Visitante"));
+    // A visitor's commands are off; the catalogs of schools, libraries and institutions stay as built.
+    for (QAction* a : {f.Proveedores, f.Editoriales, f.Solicitudes, f.Pedidos, f.Recepcion, f.DonacionCambio,
+                       f.CambioFecha, f.Exportacion, f.Importacion})
+        EXPECT_FALSE(a->isEnabled()) << a->objectName().toStdString();
+    for (int i : {0, 1, 2, 8}) EXPECT_FALSE(f.ToolPPAL[static_cast<size_t>(i)]->isEnabled()) << i;
+    EXPECT_TRUE(f.ToolPPAL[6]->isEnabled());
+    EXPECT_TRUE(f.Salir->isEnabled());
+}
+
+TEST_F(Arranque, DerechosDelAnalista) {
+    creaBase();
+    {
+        auto db = dao::Database::OpenDatabase(base());
+        demo::AgregaAnalista(*db, QStringLiteral("jefa"), QStringLiteral("x1"), QStringLiteral("011"), QStringLiteral("1"));
+        demo::AgregaAnalista(*db, QStringLiteral("raul"), QStringLiteral("x2"), QStringLiteral("110"), QStringLiteral("1"));
+    }
+    const struct {
+        const char* linea;
+        const char* tipo;
+    } casos[] = {{"-u jefa -p x1", " Administrador"}, {"-u raul -p x2", " Usuario normal"}, {"-u visita -p visita", " Visitante"}};
+    // "011": Derechos(1)=1, Derechos(2)=1 administrator; "110": Derechos(2)=0 normal user; "001": visitor.
+    for (const auto& c : casos) {
+        globales::Derechos = {0, 0, 0};
+        FormPrincipal f;
+        f.LineaComandos = QString::fromUtf8(c.linea);
+        ASSERT_TRUE(f.Form_Load());
+        EXPECT_EQ(f.LblTipo->text(), QString::fromUtf8(c.tipo)) << c.linea;
+        globales::BaseDatos.reset();
+    }
+}
+
+TEST_F(Arranque, ElRegistroDeCredencialSeCompruebaEntero) {
+    creaBase();
+    {
+        auto db = dao::Database::OpenDatabase(base());
+        // A password with a comma can't match: the element stops at the comma.
+        demo::AgregaAnalista(*db, QStringLiteral("coma"), QStringLiteral("a,b"));
+        // A record copied from another analyst's row is refused.
+        db->Execute(QStringLiteral("INSERT INTO Analistas (Login, [password]) VALUES ('copia', '") +
+                    credenciales::Registro(QStringLiteral("admin"), QStringLiteral("c"), QStringLiteral("011"), QStringLiteral("1")) +
+                    QStringLiteral("')"));
+        // An analyst not admitted to this module.
+        demo::AgregaAnalista(*db, QStringLiteral("otro"), QStringLiteral("o"), QStringLiteral("011"), QStringLiteral("01"));
+    }
+    globales::BaseDatos = dao::Database::OpenDatabase(base());
+    QString mensaje;
+    EXPECT_EQ(ValidaAnalista(QStringLiteral("coma"), QStringLiteral("a,b"), mensaje), QString());
+    EXPECT_EQ(mensaje, QString());
+    EXPECT_EQ(ValidaAnalista(QStringLiteral("copia"), QStringLiteral("c"), mensaje), QString());
+    EXPECT_EQ(mensaje, QStringLiteral("Se ha detectado corrupción en la base de usuarios"));
+    mensaje.clear();
+    EXPECT_EQ(ValidaAnalista(QStringLiteral("otro"), QStringLiteral("o"), mensaje), QString());
+    EXPECT_EQ(mensaje, QStringLiteral("No tiene permiso para entrar a este módulo"));
+    mensaje.clear();
+    EXPECT_EQ(ValidaAnalista(QStringLiteral("admin"), QStringLiteral("ADMIN"), mensaje), QString());   // case counts
+    EXPECT_EQ(ValidaAnalista(QStringLiteral("Admin"), QStringLiteral("admin"), mensaje), QStringLiteral("admin"));
+
+    EXPECT_EQ(TomaElementoComa(QStringLiteral(" uno , dos,tres "), 2), QStringLiteral("dos"));
+    EXPECT_EQ(TomaElementoComa(QStringLiteral("uno,dos"), 3), QString());
+    EXPECT_EQ(TomaElementoComa(QStringLiteral("solo"), 1), QStringLiteral("solo"));
+}
+
+TEST_F(Arranque, CuartoIntentoFallidoTerminaElPrograma) {
+    creaBase();
+    tecleaAlEntrar({QStringLiteral("admin/1"), QStringLiteral("admin/2"), QStringLiteral("admin/3"), QStringLiteral("admin/4")});
+    FormPrincipal f;
+    EXPECT_FALSE(f.Form_Load());
+    EXPECT_EQ(sistema->Textos(), (QStringList{QStringLiteral("Clave Erronea"), QStringLiteral("Clave Erronea"),
+                                             QStringLiteral("Clave Erronea"), QStringLiteral("Ha hecho demasiados intentos")}));
+    EXPECT_EQ(sistema->UltimaCaja().titulo, QStringLiteral("Clave incorrecta"));
+    EXPECT_EQ(sistema->beeps, 4);
+    EXPECT_TRUE(sistema->terminado);
+}
+
+TEST_F(Arranque, CancelarElDialogoTerminaElPrograma) {
+    creaBase();
+    sistema->AlMostrar(QStringLiteral("Leepasswd"), [](QDialog& d) { static_cast<Leepasswd&>(d).Command2_Click(); });
+    FormPrincipal f;
+    EXPECT_FALSE(f.Form_Load());
+    EXPECT_TRUE(sistema->terminado);
+}
+
+TEST_F(Arranque, ApostrofoEnElLoginLlegaALaFallaPredeterminada) {
+    creaBase();
+    FormPrincipal f;
+    f.LineaComandos = QStringLiteral("-u o'brien -p x");
+    ASSERT_TRUE(f.Form_Load());
+    ASSERT_EQ(sistema->cajas.size(), 1u);
+    EXPECT_EQ(sistema->cajas[0].flags, ui::vbCritical);
+    EXPECT_TRUE(sistema->cajas[0].texto.contains(QStringLiteral("3075"))) << sistema->cajas[0].texto.toStdString();
+    EXPECT_EQ(f.LblTipo->text(), QStringLiteral(" Visitante"));
+}
+
+TEST_F(Arranque, RedInstitucionalPorElPrefijoDeLaDireccion) {
+    creaBase();
+    const QString prefijo = QStringLiteral(ADQ_PREFIJO_RED);
+    for (const auto& [direccion, esperado] : std::vector<std::pair<QString, bool>>{
+             {prefijo + QStringLiteral("4.20"), true}, {QStringLiteral("192.168.1.7"), false}, {QString(), false}}) {
+        sistema->direccionLocal = direccion;
+        FormPrincipal f;
+        f.LineaComandos = QStringLiteral("-u admin -p admin");
+        ASSERT_TRUE(f.Form_Load());
+        EXPECT_EQ(globales::EnRedInstitucional, esperado) << direccion.toStdString();
+        globales::BaseDatos.reset();
+    }
+}
+
+TEST_F(Arranque, SinBaseNiFormatoConocidoElArranqueFallaConElErrorDelMotor) {
+    FormPrincipal f;
+    try {
+        f.Form_Load();
+        ADD_FAILURE() << "arrancó sin base";
+    } catch (const vb::Error& e) {
+        EXPECT_EQ(e.Number(), 3024);
+    }
+    // A file of the older format is refused and left as it was.
+    QFile legado(base());
+    ASSERT_TRUE(legado.open(QIODevice::WriteOnly));
+    QByteArray cabecera("\x00\x01\x00\x00Standard Jet DB\x00", 20);
+    cabecera.append(QByteArray(2048, '\x11'));
+    legado.write(cabecera);
+    legado.close();
+    FormPrincipal g;
+    try {
+        g.Form_Load();
+        ADD_FAILURE() << "abrió un archivo del formato anterior";
+    } catch (const vb::Error& e) {
+        EXPECT_EQ(e.Number(), 3343);
+    }
+    QFile otra(base());
+    ASSERT_TRUE(otra.open(QIODevice::ReadOnly));
+    EXPECT_EQ(otra.readAll(), cabecera);
+    EXPECT_FALSE(QFile::exists(base() + QStringLiteral("-wal")));
+}
+
+TEST_F(Arranque, BotonesDeLaVentanaPrincipal) {
+    creaBase();
+    FormPrincipal f;
+    f.LineaComandos = QStringLiteral("-u admin -p admin");
+    ASSERT_TRUE(f.Form_Load());
+    // Button 4 never opens a screen.
+    f.ToolPPAL_Click(4);
+    EXPECT_EQ(sistema->UltimaCaja().texto, QStringLiteral("Opción no disponible"));
+    EXPECT_EQ(sistema->UltimaCaja().titulo, QStringLiteral("Adquisiciones"));
+    EXPECT_TRUE(sistema->modales.isEmpty());
+    // Help opens the help page beside the program.
+    f.ToolPPAL_Click(6);
+    EXPECT_EQ(sistema->modales, QStringList{QStringLiteral("frmBrowseHelp")});
+    // The splash goes after its five seconds.
+    EXPECT_TRUE(f.PictureSplash->isVisibleTo(&f));
+    f.Timer1_Timer();
+    EXPECT_FALSE(f.PictureSplash->isVisibleTo(&f));
+}
+
+}  // namespace

@@ -1,0 +1,227 @@
+// The seam to the toolkit: the wrapper every handler runs through, the scripted platform the tests rely on,
+// and the parts of the Qt platform that run without a person: filters, documents, the embedded view.
+#include "ayuda_ui.h"
+
+#include "core/ui/PlataformaQt.h"
+
+#include <QDialog>
+#include <QFile>
+#include <QLineEdit>
+#include <QRegularExpression>
+#include <QTextBrowser>
+#include <QVBoxLayout>
+#include <stdexcept>
+
+namespace {
+
+using prueba_ui::ConSistema;
+
+class Plataforma_ : public ConSistema {};
+
+TEST_F(Plataforma_, ProtegidoMuestraLaFallaYNoLaDejaSalir) {
+    int antes = 0;
+    EXPECT_NO_THROW(ui::Protegido(QStringLiteral("Command1_Click"), [&] {
+        ++antes;
+        throw vb::Error(3022, QStringLiteral("Valor duplicado"));
+    }));
+    EXPECT_EQ(antes, 1);
+    ASSERT_EQ(sistema->cajas.size(), 1u);
+    EXPECT_EQ(sistema->cajas[0].texto, QStringLiteral("Se produjo el error 3022\r\nValor duplicado"));
+    EXPECT_EQ(sistema->cajas[0].texto, ui::TextoFallaPredeterminada(3022, QStringLiteral("Valor duplicado")));
+    EXPECT_EQ(sistema->cajas[0].flags, ui::vbCritical);
+    EXPECT_EQ(sistema->cajas[0].titulo, QStringLiteral("Adquisiciones"));
+
+    // Anything else that escapes is shown too.
+    EXPECT_NO_THROW(ui::Protegido(QString(), [] { throw std::runtime_error("roto"); }));
+    EXPECT_NO_THROW(ui::Protegido(QString(), [] { throw 7; }));
+    ASSERT_EQ(sistema->cajas.size(), 3u);
+    EXPECT_TRUE(sistema->cajas[1].texto.startsWith(QStringLiteral("Se produjo el error 51\r\n")));
+    EXPECT_TRUE(sistema->cajas[1].texto.contains(QStringLiteral("roto")));
+    EXPECT_EQ(sistema->cajas[2].flags, ui::vbCritical);
+
+    // A handler that ends well shows nothing.
+    ui::Protegido(QString(), [] {});
+    EXPECT_EQ(sistema->cajas.size(), 3u);
+}
+
+TEST_F(Plataforma_, CajasContestadasPorGuion) {
+    // Without a script: the first button.
+    EXPECT_EQ(ui::Sistema().MsgBox(QStringLiteral("a")), ui::vbOK);
+    EXPECT_EQ(ui::Sistema().MsgBox(QStringLiteral("b"), ui::vbOKCancel | ui::vbQuestion), ui::vbOK);
+    EXPECT_EQ(ui::Sistema().MsgBox(QStringLiteral("c"), ui::vbYesNo + ui::vbQuestion, QStringLiteral("T")), ui::vbYes);
+    EXPECT_EQ(ui::Sistema().MsgBox(QStringLiteral("d"), ui::vbRetryCancel), ui::vbRetry);
+    // Queued answers first, in order, then the callback.
+    sistema->Responde({ui::vbNo, ui::vbCancel});
+    sistema->contesta = [](const ui::CajaMensaje& c) { return c.texto == QLatin1String("g") ? ui::vbNo : ui::vbYes; };
+    EXPECT_EQ(ui::Sistema().MsgBox(QStringLiteral("e"), ui::vbYesNo), ui::vbNo);
+    EXPECT_EQ(ui::Sistema().MsgBox(QStringLiteral("f"), ui::vbYesNoCancel), ui::vbCancel);
+    EXPECT_EQ(ui::Sistema().MsgBox(QStringLiteral("g"), ui::vbYesNo), ui::vbNo);
+
+    EXPECT_EQ(sistema->Textos(), (QStringList{"a", "b", "c", "d", "e", "f", "g"}));
+    EXPECT_EQ(sistema->cajas[2].flags, 36);
+    EXPECT_EQ(sistema->cajas[2].titulo, QStringLiteral("T"));
+    EXPECT_EQ(sistema->cajas[4].respuesta, ui::vbNo);
+    EXPECT_EQ(sistema->UltimaCaja().texto, QStringLiteral("g"));
+}
+
+class Interior : public QDialog {
+    Q_OBJECT
+};
+
+TEST_F(Plataforma_, PantallasModalesConGuion) {
+    QDialog exterior;
+    exterior.setObjectName(QStringLiteral("Sol1"));
+    Interior interior;
+    QStringList pasos;
+    // A screen found by object name opens a nested one, found by class name.
+    sistema->AlMostrar(QStringLiteral("Sol1"), [&](QDialog& d) {
+        pasos << d.objectName();
+        ui::Sistema().MuestraModal(interior);
+        pasos << QStringLiteral("fin");
+    });
+    sistema->AlMostrar(QStringLiteral("Interior"), [&](QDialog&) {
+        pasos << QStringLiteral("interior");
+        ui::Sistema().MsgBox(QStringLiteral("dentro"));
+    });
+    ui::Sistema().MuestraModal(exterior);
+    EXPECT_EQ(pasos, (QStringList{"Sol1", "interior", "fin"}));
+    EXPECT_EQ(sistema->modales, (QStringList{"QDialog", "Interior"}));
+    EXPECT_EQ(sistema->Textos(), QStringList{"dentro"});
+
+    // Without a script it returns at once; with muestraModales the screen is shown while its script runs.
+    QDialog otra;
+    ui::Sistema().MuestraModal(otra);
+    EXPECT_FALSE(otra.isVisible());
+    sistema->muestraModales = true;
+    bool visible = false;
+    sistema->AlMostrar(QStringLiteral("Interior"), [&](QDialog& d) { visible = d.isVisible(); });
+    ui::Sistema().MuestraModal(interior);
+    EXPECT_TRUE(visible);
+    EXPECT_FALSE(interior.isVisible());
+}
+
+TEST_F(Plataforma_, ArchivosYVistas) {
+    sistema->archivos = {ui::RespuestaArchivo::Elige(QStringLiteral("/tmp/a.xml"), 2)};
+    ui::DialogoArchivo d{QStringLiteral("Guardar"), QStringLiteral("HTML (*.htm)|*.htm|XML (*.xml)|*.xml"), 1, QString(), 0};
+    EXPECT_TRUE(ui::Sistema().GuardaArchivo(d));
+    EXPECT_EQ(d.archivo, QStringLiteral("/tmp/a.xml"));
+    EXPECT_EQ(d.indiceFiltro, 2);
+    EXPECT_FALSE(d.cancelado);
+    // Nothing scripted: cancelled, the file name left as it was.
+    EXPECT_FALSE(ui::Sistema().AbreArchivo(d));
+    EXPECT_TRUE(d.cancelado);
+    EXPECT_EQ(d.archivo, QStringLiteral("/tmp/a.xml"));
+    ASSERT_EQ(sistema->dialogos.size(), 2u);
+    EXPECT_TRUE(sistema->dialogos[0].guardar);
+    EXPECT_FALSE(sistema->dialogos[1].guardar);
+    EXPECT_EQ(sistema->dialogos[0].dialogo.indiceFiltro, 1);
+
+    // Views: written documents are kept, files are read by their encoding, a view that goes leaves the list.
+    QTemporaryDir dir;
+    const QString ruta = dir.filePath(QStringLiteral("r.htm"));
+    QFile f(ruta);
+    ASSERT_TRUE(f.open(QIODevice::WriteOnly));
+    f.write("<html><body>Cat\xE1logo</body></html>");
+    f.close();
+    {
+        QWidget padre;
+        auto vista = ui::Sistema().CreaVistaHtml(&padre);
+        EXPECT_EQ(vista->widget()->parentWidget(), &padre);
+        ASSERT_EQ(sistema->vistas.size(), 1u);
+        vista->Navigate(QStringLiteral("about:blank"));
+        EXPECT_EQ(vista->ReadyState(), 4);
+        vista->DocumentOpen();
+        vista->DocumentWrite(QStringLiteral("<p>uno"));
+        vista->DocumentWrite(QStringLiteral("</p>"));
+        vista->DocumentClose();
+        EXPECT_EQ(vista->DocumentHtml(), QStringLiteral("<p>uno</p>"));
+        vista->Navigate(ruta);
+        EXPECT_TRUE(vista->DocumentHtml().contains(QStringLiteral("Catálogo")));
+        EXPECT_TRUE(vista->LocationURL().startsWith(QStringLiteral("file:")));
+        EXPECT_TRUE(vista->Imprimir());
+        EXPECT_EQ(sistema->vistas[0]->impresiones, 1);
+    }
+    EXPECT_TRUE(sistema->vistas.empty());
+    EXPECT_EQ(sistema->documentos.size(), 2);
+    EXPECT_EQ(sistema->documentos[0], QStringLiteral("<p>uno</p>"));
+}
+
+TEST(PlataformaQt, FiltrosYCodificaciones) {
+    EXPECT_EQ(ui::FiltrosQt(QStringLiteral("Texto (*.txt)|*.txt|Hojas|*.xls;*.xlsx|Todos los archivos (*.*)|*.*")),
+              (QStringList{"Texto (*.txt)", "Hojas (*.xls *.xlsx)", "Todos los archivos (*.*)"}));
+    EXPECT_EQ(ui::FiltrosQt(QStringLiteral("XML|*.xml")), QStringList{"XML (*.xml)"});
+    EXPECT_TRUE(ui::FiltrosQt(QString()).isEmpty());
+
+    // Declared encoding first; without one, UTF-8 when it reads as such, else Windows-1252.
+    EXPECT_EQ(ui::DecodificaDocumento(QByteArray("<?xml version=\"1.0\" encoding=\"ISO-8859-1\"?><a>\xF1</a>")),
+              QStringLiteral("<?xml version=\"1.0\" encoding=\"ISO-8859-1\"?><a>ñ</a>"));
+    EXPECT_EQ(ui::DecodificaDocumento(QByteArray("<meta charset=utf-8>\xC3\xB1")), QStringLiteral("<meta charset=utf-8>ñ"));
+    EXPECT_EQ(ui::DecodificaDocumento(QByteArray("a\xC3\xB1")), QStringLiteral("añ"));
+    EXPECT_EQ(ui::DecodificaDocumento(QByteArray("\x80 \x93x\x94")), QStringLiteral("€ “x”"));
+}
+
+TEST(PlataformaQt, VistaSobreQTextBrowser) {
+    QTemporaryDir dir;
+    QWidget padre;
+    ui::VistaHtmlQt vista(&padre);
+    EXPECT_EQ(vista.ReadyState(), 0);
+    vista.Navigate(QStringLiteral("about:blank"));
+    EXPECT_EQ(vista.ReadyState(), 4);
+    EXPECT_EQ(vista.LocationURL(), QStringLiteral("about:blank"));
+    vista.DocumentOpen();
+    vista.DocumentWrite(QStringLiteral("<html><body><table><tr><td>Solicitud: </td><td>005</td></tr></table>"));
+    vista.DocumentWrite(QStringLiteral("</body></html>"));
+    vista.DocumentClose();
+    EXPECT_EQ(vista.ReadyState(), 4);
+    EXPECT_TRUE(vista.navegador()->toPlainText().contains(QStringLiteral("005")));
+
+    const QString pdf = dir.filePath(QStringLiteral("r.pdf"));
+    ASSERT_TRUE(vista.GuardarPdf(pdf));
+    QFile f(pdf);
+    ASSERT_TRUE(f.open(QIODevice::ReadOnly));
+    EXPECT_TRUE(f.read(5).startsWith("%PDF"));
+
+    const QString htm = dir.filePath(QStringLiteral("d.htm"));
+    QFile h(htm);
+    ASSERT_TRUE(h.open(QIODevice::WriteOnly));
+    h.write("<html><head><meta charset=\"utf-8\"></head><body>A\xC3\xB1o</body></html>");
+    h.close();
+    vista.Navigate(QStringLiteral("file://") + htm);
+    EXPECT_EQ(vista.ReadyState(), 4);
+    EXPECT_TRUE(vista.navegador()->toPlainText().contains(QStringLiteral("Año")));
+    // The widget belongs to the view.
+    QPointer<QWidget> w = vista.widget();
+    EXPECT_EQ(w->parentWidget(), &padre);
+
+    ui::PlataformaQt qt;
+    const QString ip = qt.DireccionLocal();
+    if (!ip.isEmpty()) {
+        EXPECT_TRUE(QRegularExpression(QStringLiteral("^\\d+\\.\\d+\\.\\d+\\.\\d+$")).match(ip).hasMatch()) << ip.toStdString();
+        EXPECT_FALSE(ip.startsWith(QStringLiteral("127.")));
+    }
+    EXPECT_EQ(qt.RutaPrograma(), QCoreApplication::applicationDirPath());
+}
+
+TEST(PlataformaQt, FocoSiguienteDespuesDelManejador) {
+    QWidget ventana;
+    auto* uno = new QLineEdit(&ventana);
+    auto* dos = new QLineEdit(&ventana);
+    auto* capa = new QVBoxLayout(&ventana);
+    capa->addWidget(uno);
+    capa->addWidget(dos);
+    ventana.show();
+    QApplication::setActiveWindow(&ventana);
+    uno->setFocus();
+    QCoreApplication::processEvents();
+    ASSERT_TRUE(uno->hasFocus());
+    ui::PlataformaQt qt;
+    qt.FocoSiguiente(uno);
+    // Not while the handler runs: once the events are let through.
+    EXPECT_TRUE(uno->hasFocus());
+    QCoreApplication::processEvents();
+    EXPECT_TRUE(dos->hasFocus());
+}
+
+}  // namespace
+
+#include "prueba_plataforma.moc"
