@@ -3,6 +3,7 @@
 // Options of the program's own come before the "-u usuario -p clave" of the suite and are removed from the
 // command line before start-up reads it:
 //   --captura ARCHIVO.png   once start-up is over, save a picture of the main window, print its path and end
+#include "catalog/Registro.h"
 #include "core/FormPrincipal.h"
 #include "core/ui/Plataforma.h"
 #include "core/ui/PlataformaQt.h"
@@ -16,6 +17,8 @@ int main(int argc, char** argv) {
     QApplication app(argc, argv);
     QApplication::setApplicationName(QStringLiteral("Adquisiciones"));
     ui::InstalaPlataforma(std::make_unique<ui::PlataformaQt>());
+    // The screens of each subsystem, as the main window opens them.
+    catalogo::RegistraComandos();
 
     QStringList argumentos = app.arguments().mid(1);
     QString captura;
