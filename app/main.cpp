@@ -2,7 +2,8 @@
 //
 // Options of the program's own come before the "-u usuario -p clave" of the suite and are removed from the
 // command line before start-up reads it:
-//   --captura ARCHIVO.png   once start-up is over, save a picture of the main window, print its path and end
+//   --captura ARCHIVO.png   once start-up is over, save a picture of the screen, print its path and end
+//   --abrir COMANDO         once start-up is over, run a command of the main window ("Escuelas", "CambioFecha")
 #include "catalog/Registro.h"
 #include "core/FormPrincipal.h"
 #include "core/ui/Plataforma.h"
@@ -21,10 +22,11 @@ int main(int argc, char** argv) {
     catalogo::RegistraComandos();
 
     QStringList argumentos = app.arguments().mid(1);
-    QString captura;
+    QString captura, abrir;
     while (!argumentos.isEmpty() && argumentos.first().startsWith(QLatin1String("--"))) {
         const QString opcion = argumentos.takeFirst();
         if (opcion == QLatin1String("--captura") && !argumentos.isEmpty()) captura = argumentos.takeFirst();
+        else if (opcion == QLatin1String("--abrir") && !argumentos.isEmpty()) abrir = argumentos.takeFirst();
     }
 
     FormPrincipal principal;
@@ -43,10 +45,13 @@ int main(int argc, char** argv) {
     }
     if (!seguir) return 0;
 
+    if (!abrir.isEmpty()) QTimer::singleShot(5500, &principal, [&principal, abrir] { principal.Ejecuta(abrir); });
     if (!captura.isEmpty()) {
-        // The picture is taken once the splash has gone.
-        QTimer::singleShot(5600, &principal, [&principal, captura] {
-            principal.grab().save(captura, "PNG");
+        // The picture is taken once the splash has gone, with whatever screen is open then.
+        QTimer::singleShot(abrir.isEmpty() ? 5600 : 7000, &principal, [&principal, captura] {
+            QScreen* pantalla = principal.screen();
+            const QPixmap imagen = QApplication::activeModalWidget() && pantalla ? pantalla->grabWindow(0) : principal.grab();
+            imagen.save(captura, "PNG");
             std::printf("%s\n", captura.toLocal8Bit().constData());
             std::fflush(stdout);
             QApplication::exit(0);
