@@ -146,6 +146,16 @@ void PreparaMetadatos(sqlite3* db, const QString& esquema) {
     }
 }
 
+void Catalogo::transaccion(const QString& sql) {
+    try {
+        ejecuta(QStringLiteral("BEGIN; ") + sql + QStringLiteral(" COMMIT;"));
+    } catch (...) {
+        sqlite3_exec(db_, "ROLLBACK", nullptr, nullptr, nullptr);
+        throw;
+    }
+    invalida();
+}
+
 void Catalogo::ejecuta(const QString& sql) {
     verificados_.clear();
     char* error = nullptr;
@@ -315,21 +325,14 @@ void Catalogo::creaTabla(const TablaDef& def, const QString& esquema) {
     PreparaMetadatos(db_, esquema);
     QStringList columnas;
     for (const auto& c : def.campos) columnas << DefinicionColumna(c, true);
-    QString sql = QStringLiteral("BEGIN; CREATE TABLE %1.%2 (%3);")
+    QString sql = QStringLiteral("CREATE TABLE %1.%2 (%3);")
                       .arg(e, CitaNombre(def.nombre), columnas.join(QStringLiteral(", ")));
     for (const auto& c : def.campos) sql += FilaCampo(e, def.nombre, c);
     for (const auto& i : def.indices) {
         sql += SqlIndice(e, def, i);
         sql += FilaIndice(e, def.nombre, i);
     }
-    sql += QStringLiteral("COMMIT;");
-    try {
-        ejecuta(sql);
-    } catch (...) {
-        sqlite3_exec(db_, "ROLLBACK", nullptr, nullptr, nullptr);
-        throw;
-    }
-    invalida();
+    transaccion(sql);
 }
 
 void Catalogo::agregaCampo(const QString& nombreTabla, const CampoDef& campo, const QString& esquema) {
@@ -343,17 +346,10 @@ void Catalogo::agregaCampo(const QString& nombreTabla, const CampoDef& campo, co
     CampoDef c = campo;
     if (c.contador()) Lanza(ErrSintaxisAlterTable);
     const bool restriccion = c.requerido && !PredeterminadoSqlite(c.predeterminado, c.tipo).isEmpty();
-    QString sql = QStringLiteral("BEGIN; ALTER TABLE %1.%2 ADD COLUMN %3;")
+    QString sql = QStringLiteral("ALTER TABLE %1.%2 ADD COLUMN %3;")
                       .arg(e, CitaNombre(t->nombre), DefinicionColumna(c, restriccion));
     sql += FilaCampo(e, t->nombre, c);
-    sql += QStringLiteral("COMMIT;");
-    try {
-        ejecuta(sql);
-    } catch (...) {
-        sqlite3_exec(db_, "ROLLBACK", nullptr, nullptr, nullptr);
-        throw;
-    }
-    invalida();
+    transaccion(sql);
 }
 
 void Catalogo::borraCampo(const QString& nombreTabla, const QString& campo) {
@@ -361,39 +357,27 @@ void Catalogo::borraCampo(const QString& nombreTabla, const QString& campo) {
     if (!t) Lanza(ErrTablaNoEncontrada, nombreTabla);
     const CampoDef* c = t->campo(campo);
     if (!c) Lanza(ErrElementoNoEncontrado);
-    QString sql = QStringLiteral("BEGIN; ");
+    QString sql;
     for (const auto& i : t->indices) {
         if (i.campos.contains(c->nombre, Qt::CaseInsensitive)) {
             sql += QStringLiteral("DROP INDEX IF EXISTS %1; DELETE FROM MSysIndices WHERE Tabla = %2 AND Indice = %3;")
                        .arg(CitaNombre(NombreIndiceSqlite(t->nombre, i.nombre)), CitaTexto(t->nombre), CitaTexto(i.nombre));
         }
     }
-    sql += QStringLiteral("ALTER TABLE %1 DROP COLUMN %2; DELETE FROM MSysCampos WHERE Tabla = %3 AND Campo = %4; COMMIT;")
+    sql += QStringLiteral("ALTER TABLE %1 DROP COLUMN %2; DELETE FROM MSysCampos WHERE Tabla = %3 AND Campo = %4;")
                .arg(CitaNombre(t->nombre), CitaNombre(c->nombre), CitaTexto(t->nombre), CitaTexto(c->nombre));
-    try {
-        ejecuta(sql);
-    } catch (...) {
-        sqlite3_exec(db_, "ROLLBACK", nullptr, nullptr, nullptr);
-        throw;
-    }
-    invalida();
+    transaccion(sql);
 }
 
 void Catalogo::borraTabla(const QString& nombreTabla) {
     const TablaDef* t = tabla(nombreTabla);
     if (!t) Lanza(ErrTablaNoEncontrada, nombreTabla);
     const QString n = t->nombre;
-    QString sql = QStringLiteral("BEGIN; DROP TABLE %1;").arg(CitaNombre(n));
+    QString sql = QStringLiteral("DROP TABLE %1;").arg(CitaNombre(n));
     PreparaMetadatos(db_);
-    sql += QStringLiteral("DELETE FROM MSysCampos WHERE Tabla = %1; DELETE FROM MSysIndices WHERE Tabla = %1; COMMIT;")
+    sql += QStringLiteral("DELETE FROM MSysCampos WHERE Tabla = %1; DELETE FROM MSysIndices WHERE Tabla = %1;")
                .arg(CitaTexto(n));
-    try {
-        ejecuta(sql);
-    } catch (...) {
-        sqlite3_exec(db_, "ROLLBACK", nullptr, nullptr, nullptr);
-        throw;
-    }
-    invalida();
+    transaccion(sql);
 }
 
 void Catalogo::creaIndice(const QString& nombreTabla, const IndiceDef& indice) {
@@ -404,15 +388,11 @@ void Catalogo::creaIndice(const QString& nombreTabla, const IndiceDef& indice) {
     for (const auto& n : indice.campos)
         if (!t->campo(n)) Lanza(ErrElementoNoEncontrado);
     PreparaMetadatos(db_);
-    QString sql = QStringLiteral("BEGIN; ") + SqlIndice(QStringLiteral("\"main\""), *t, indice) +
-                  FilaIndice(QStringLiteral("\"main\""), t->nombre, indice) + QStringLiteral("COMMIT;");
     try {
-        ejecuta(sql);
+        transaccion(SqlIndice(QStringLiteral("\"main\""), *t, indice) + FilaIndice(QStringLiteral("\"main\""), t->nombre, indice));
     } catch (const vb::Error&) {
-        sqlite3_exec(db_, "ROLLBACK", nullptr, nullptr, nullptr);
-        Lanza(ErrValorDuplicado);
+        Lanza(ErrValorDuplicado);   // the rows already break the new unique index
     }
-    invalida();
 }
 
 void Catalogo::borraIndice(const QString& nombreTabla, const QString& indice) {
@@ -420,9 +400,8 @@ void Catalogo::borraIndice(const QString& nombreTabla, const QString& indice) {
     if (!t) Lanza(ErrTablaNoEncontrada, nombreTabla);
     for (const auto& i : t->indices) {
         if (i.nombre.compare(indice, Qt::CaseInsensitive) != 0) continue;
-        ejecuta(QStringLiteral("BEGIN; DROP INDEX IF EXISTS %1; DELETE FROM MSysIndices WHERE Tabla = %2 AND Indice = %3; COMMIT;")
-                    .arg(CitaNombre(NombreIndiceSqlite(t->nombre, i.nombre)), CitaTexto(t->nombre), CitaTexto(i.nombre)));
-        invalida();
+        transaccion(QStringLiteral("DROP INDEX IF EXISTS %1; DELETE FROM MSysIndices WHERE Tabla = %2 AND Indice = %3;")
+                        .arg(CitaNombre(NombreIndiceSqlite(t->nombre, i.nombre)), CitaTexto(t->nombre), CitaTexto(i.nombre)));
         return;
     }
     Lanza(ErrElementoNoEncontrado);

@@ -92,6 +92,7 @@ private:
 
     Esquema& carga(const QString& esquema);
     void ejecuta(const QString& sql);
+    void transaccion(const QString& sql);   // statements applied together, or none of them
 };
 
 // Helpers shared with the emitter.
