@@ -379,30 +379,22 @@ void Resolver::fuente(FuenteFrom& f, Ambito& a, Ambito* padreDerivadas) {
 
 void Resolver::expande(Select& s, Ambito& a) {
     s.expandidos.clear();
+    // A star stands for every column of a source, each as a column named by its source.
     auto agregaColumnas = [&](FuenteFrom* h, int pos) {
-        if (h->clase == FuenteFrom::Tabla) {
-            for (const auto& c : h->def->campos) {
-                ItemSelect it;
-                it.pos = pos;
-                it.expr = std::make_unique<Expr>();
-                it.expr->tipo = TipoExpr::Columna;
-                it.expr->pos = pos;
-                it.expr->calificador = h->nombreVisible();
-                it.expr->nombre = c.nombre;
-                s.expandidos.push_back(std::move(it));
-            }
-        } else {
-            for (const auto& c : h->sub->salida) {
-                ItemSelect it;
-                it.pos = pos;
-                it.expr = std::make_unique<Expr>();
-                it.expr->tipo = TipoExpr::Columna;
-                it.expr->pos = pos;
-                it.expr->calificador = h->nombreVisible();
-                it.expr->nombre = c.nombre;
-                s.expandidos.push_back(std::move(it));
-            }
-        }
+        auto agrega = [&](const QString& nombre) {
+            ItemSelect it;
+            it.pos = pos;
+            it.expr = std::make_unique<Expr>();
+            it.expr->tipo = TipoExpr::Columna;
+            it.expr->pos = pos;
+            it.expr->calificador = h->nombreVisible();
+            it.expr->nombre = nombre;
+            s.expandidos.push_back(std::move(it));
+        };
+        if (h->clase == FuenteFrom::Tabla)
+            for (const auto& c : h->def->campos) agrega(c.nombre);
+        else
+            for (const auto& c : h->sub->salida) agrega(c.nombre);
     };
     for (auto& it : s.items) {
         if (it.expr->tipo != TipoExpr::Estrella) {
