@@ -54,7 +54,7 @@ TEST_F(CambioDeFecha, OtraFechaSeFijaYSiElSistemaSeNiegaSeAvisa) {
 }
 
 TEST_F(CambioDeFecha, FechasInvalidasOPosterioresA2099SeRechazan) {
-    for (const QString texto : {QStringLiteral("01/01/2100"), QStringLiteral("no es fecha"), QString()}) {
+    for (const QString& texto : {QStringLiteral("01/01/2100"), QStringLiteral("no es fecha"), QString()}) {
         sistema->cajas.clear();
         frmFecha f;
         f.show();
