@@ -1,0 +1,262 @@
+#include "reports/Reportes.h"
+
+#include "core/Rutas.h"
+#include "core/dao/Dao.h"
+#include "core/ui/Plataforma.h"
+#include "core/vb/Error.h"
+#include "core/vb/Formato.h"
+
+#include <QCoreApplication>
+#include <QListWidget>
+
+#include <libxml/parser.h>
+#include <libxml/tree.h>
+#include <libxslt/transform.h>
+#include <libxslt/xsltInternals.h>
+#include <libxslt/xsltutils.h>
+
+#include <memory>
+
+namespace reportes {
+
+namespace {
+
+const xmlChar* X(const QByteArray& b) { return reinterpret_cast<const xmlChar*>(b.constData()); }
+
+struct LiberaDoc {
+    void operator()(xmlDoc* d) const { xmlFreeDoc(d); }
+};
+struct LiberaHoja {
+    void operator()(xsltStylesheet* h) const { xsltFreeStylesheet(h); }
+};
+using Doc = std::unique_ptr<xmlDoc, LiberaDoc>;
+using Hoja = std::unique_ptr<xsltStylesheet, LiberaHoja>;
+
+// libxml2 reports its errors through our boxes, not on the console.
+void Silencio(void*, const char*, ...) {}
+
+// A failure of libxml2 or libxslt as the program's error, with the library's code and message.
+[[noreturn]] void ErrorXml(const QString& queHacia) {
+    const xmlError* e = xmlGetLastError();
+    if (e && e->message) throw vb::Error(e->code, queHacia + QStringLiteral(": ") + QString::fromUtf8(e->message).trimmed());
+    throw vb::Error(5, queHacia);
+}
+
+QString FechaReporte(const vb::Fecha& f) { return vb::Format(vb::Variant(f), QStringLiteral("dd/mmm/yyyy")); }
+
+// Counts the rows of "SELECT DISTINCT (<campo>) ..." by moving to the last one.
+long CuentaDistintos(const globales::ConsultaDatos& c, const QString& campo) {
+    auto rs = globales::Base().OpenRecordset(QStringLiteral("SELECT DISTINCT (") + campo + QStringLiteral(") FROM ") +
+                                             c.Tabla + QStringLiteral(" ") + c.Clave);
+    long n = 0;
+    if (!rs->Eof()) {
+        rs->MoveLast();
+        n = rs->RecordCount();
+    }
+    rs->Close();
+    return n;
+}
+
+// Lets events through until the view is ready, for at most the given number of turns.
+void EsperaVista(ui::VistaHtml& vista, long vueltas = 40001) {
+    for (long i = 0; i < vueltas && vista.ReadyState() != 4; ++i) QCoreApplication::processEvents();
+}
+
+QString Numero(double n) { return QString::number(static_cast<long long>(n)); }
+
+}  // namespace
+
+QString xml_in(const globales::ConsultaDatos& consulta, const QString& hoja, const QString& raiz,
+               const QString& registro, const QString& campoDistinto, bool& vacio, QString& resumen,
+               bool soloResumen) {
+    vacio = false;
+    resumen.clear();
+    try {
+        QString sql = QStringLiteral("SELECT ") + consulta.Campos + QStringLiteral(" FROM ") + consulta.Tabla +
+                      QStringLiteral(" ") + consulta.Clave;
+        if (!consulta.Orden.isEmpty()) sql += QStringLiteral(" ORDER BY ") + consulta.Orden;
+
+        Doc doc(xmlNewDoc(BAD_CAST "1.0"));
+        xmlNode* nodoRaiz = xmlNewDocNode(doc.get(), nullptr, X(raiz.toUtf8()), nullptr);
+        auto rs = globales::Base().OpenRecordset(sql);
+
+        const long cuenta = rs->RecordCount();
+        if (cuenta == 0) {
+            vacio = true;
+        } else {
+            // A forced summary applies at any size; above the limit the user may choose it.
+            bool soloCuentas = soloResumen;
+            if (!soloCuentas && cuenta > LimiteReporte) {
+                const int r = ui::Sistema().MsgBox(
+                    QStringLiteral("El reporte solicitado incluirá demasiados títulos,\n"
+                                   "¿desea ver solo el resumen de la consulta?"),
+                    ui::vbYesNo + ui::vbExclamation, QStringLiteral("Demasiada información para generar reporte"));
+                soloCuentas = r == ui::vbYes;
+            }
+            if (soloCuentas) {
+                const long ejemplares = cuenta;
+                rs->Close();
+                xmlFreeNode(nodoRaiz);
+                const long titulos = CuentaDistintos(consulta, campoDistinto);
+                resumen = QStringLiteral("<TR><TD>%1 títulos y %2 ejemplares</TD></TR>").arg(titulos).arg(ejemplares);
+                return QString();
+            }
+        }
+
+        // The element names: the column names without blanks.
+        const int columnas = rs->Fields().Count();
+        std::vector<QByteArray> nombres;
+        int columnaEjemplares = -1;
+        for (int i = 0; i < columnas; ++i) {
+            const QString nombre = rs->Fields(i).Name();
+            nombres.push_back(QString(nombre).remove(u' ').toUtf8());
+            if (nombre == QStringLiteral("Ejemplares")) columnaEjemplares = i;
+        }
+        const QByteArray nombreRegistro = registro.toUtf8();
+        long filas = 0;
+        double suma = 0;
+        for (; !rs->Eof(); rs->MoveNext()) {
+            xmlNode* fila = xmlNewChild(nodoRaiz, nullptr, X(nombreRegistro), nullptr);
+            for (int i = 0; i < columnas; ++i) {
+                const vb::Variant v = rs->Fields(i).Value();
+                xmlNewTextChild(fila, nullptr, X(nombres[static_cast<size_t>(i)]), X(v.text().toUtf8()));
+                if (i == columnaEjemplares && !v.isNull() && !v.isEmpty()) suma += v.toDouble();
+            }
+            ++filas;
+        }
+
+        const bool donaciones = consulta.Tabla.contains(QStringLiteral("[Donaciones Libros]"));
+        const QString registros = (suma != 0 && !donaciones) ? Numero(suma) : QString::number(filas);
+        xmlNewProp(nodoRaiz, BAD_CAST "Registros", X(registros.toUtf8()));
+        if (!campoDistinto.isEmpty()) {
+            const long distintos = CuentaDistintos(consulta, campoDistinto);
+            const long titulos = (suma != 0 && !donaciones) ? filas : distintos;
+            xmlNewProp(nodoRaiz, BAD_CAST "NumTitulos", X(QString::number(titulos).toUtf8()));
+        }
+        xmlNewProp(nodoRaiz, BAD_CAST "fechaReporte", X(FechaReporte(vb::Fecha::Today()).toUtf8()));
+        xmlNewProp(nodoRaiz, BAD_CAST "fechaInicial", X(FechaReporte(globales::FechaInicial).toUtf8()));
+        xmlNewProp(nodoRaiz, BAD_CAST "fechaFinal", X(FechaReporte(globales::FechaFinal).toUtf8()));
+
+        xmlDocSetRootElement(doc.get(), nodoRaiz);
+        const QByteArray pseudo = (QStringLiteral("href=\"") + hoja + QStringLiteral("\" type=\"text/xsl\"")).toUtf8();
+        xmlNode* pi = xmlNewDocPI(doc.get(), BAD_CAST "xml-stylesheet", X(pseudo));
+        xmlAddPrevSibling(nodoRaiz, pi);
+
+        xmlChar* texto = nullptr;
+        int largo = 0;
+        xmlDocDumpFormatMemory(doc.get(), &texto, &largo, 1);
+        const QString resultado = QString::fromUtf8(reinterpret_cast<const char*>(texto), largo);
+        xmlFree(texto);
+        rs->Close();
+        return resultado;
+    } catch (const vb::Error& e) {
+        ui::Sistema().MsgBox(QStringLiteral("Ocurrió el error: %1: %2").arg(e.Number()).arg(e.Description()),
+                             ui::vbCritical, QStringLiteral("Generación de documento XML [xml_in]"));
+    }
+    return QString();
+}
+
+QString Htm_gen(const QString& xml, ui::VistaHtml& navegador, const QString& hoja) {
+    xmlSetGenericErrorFunc(nullptr, Silencio);
+    xsltSetGenericErrorFunc(nullptr, Silencio);
+    try {
+        const QByteArray datos = xml.toUtf8();
+        xmlResetLastError();
+        Doc documento(xmlReadMemory(datos.constData(), static_cast<int>(datos.size()), nullptr, "UTF-8", XML_PARSE_NONET));
+        if (!documento) ErrorXml(QStringLiteral("documento XML no válido"));
+
+        const QByteArray ruta = rutas::Instalacion(hoja).toLocal8Bit();
+        xmlResetLastError();
+        Hoja estilo(xsltParseStylesheetFile(X(ruta)));
+        if (!estilo) ErrorXml(QStringLiteral("no se pudo cargar la hoja de estilo ") + hoja);
+
+        navegador.Navigate(QStringLiteral("about:blank"));
+        QCoreApplication::processEvents();
+
+        Doc resultado(xsltApplyStylesheet(estilo.get(), documento.get(), nullptr));
+        if (!resultado) ErrorXml(QStringLiteral("no se pudo transformar el documento"));
+        xmlChar* texto = nullptr;
+        int largo = 0;
+        if (xsltSaveResultToString(&texto, &largo, resultado.get(), estilo.get()) != 0)
+            ErrorXml(QStringLiteral("no se pudo escribir el resultado"));
+        const QString html = texto ? QString::fromUtf8(reinterpret_cast<const char*>(texto), largo) : QString();
+        xmlFree(texto);
+
+        EsperaVista(navegador);
+        navegador.DocumentOpen();
+        navegador.DocumentWrite(html);
+        navegador.DocumentClose();
+        return html;
+    } catch (const vb::Error& e) {
+        ui::Sistema().MsgBox(QStringLiteral("Ocurrió el error: %1\n [%2] ").arg(e.Number()).arg(e.Description()),
+                             ui::vbCritical, QStringLiteral("Mod Htm_gen"));
+    }
+    return QString();
+}
+
+void Htm_resumen(const QString& texto, ui::VistaHtml& navegador) {
+    navegador.Navigate(QStringLiteral("about:blank"));
+    EsperaVista(navegador);
+    navegador.DocumentOpen();
+    navegador.DocumentWrite(
+        QStringLiteral("<HTML><HEAD><STYLE type='text/css'>table {font-family:tahoma, verdana, arial;font-size:10pt; "
+                       "color:black;} b {font-weight:bold; font-size:10pt; color:red;}</STYLE></HEAD>"));
+    navegador.DocumentWrite(QStringLiteral("<BODY leftmargin=20 topmargin=10 marginwidth=0 marginheight=0>"));
+    navegador.DocumentWrite(QStringLiteral("<CENTER><TABLE border='0' cellspacing='1' width='90%'><TR><TD>"));
+    navegador.DocumentWrite(texto);
+    // The row's closing tag lacks its bracket, as the page always had it.
+    navegador.DocumentWrite(QStringLiteral("</TD</TR>"));
+    navegador.DocumentWrite(QStringLiteral("</TABLE></CENTER></BODY></HTML>"));
+    navegador.DocumentClose();
+}
+
+namespace {
+
+std::unique_ptr<dao::Recordset> AbreLista(const globales::ConsultaDatos& c) {
+    QString sql = QStringLiteral("SELECT ") + c.Campos + QStringLiteral(" FROM ") + c.Tabla;
+    if (!c.Clave.isEmpty()) sql += QStringLiteral(" WHERE ") + c.Clave + QStringLiteral("=") + c.Valor;
+    if (!c.Orden.isEmpty()) sql += QStringLiteral(" ORDER BY ") + c.Orden;
+    return globales::Base().OpenRecordset(sql);
+}
+
+}  // namespace
+
+bool LlenaListaTodas(const globales::ConsultaDatos& consulta, QListWidget& lista) {
+    lista.clear();
+    auto rs = AbreLista(consulta);
+    if (rs->Eof()) return false;
+    lista.addItem(QStringLiteral("TODAS LAS ") + consulta.Tabla.toUpper());
+    const int columnas = rs->Fields().Count();
+    for (; !rs->Eof(); rs->MoveNext()) {
+        QString fila;
+        for (int i = 0; i < columnas; ++i) fila += rs->Fields(i).Value().text() + QStringLiteral(" ");
+        lista.addItem(fila.trimmed());
+    }
+    rs->Close();
+    return true;
+}
+
+bool LlenaListaNumerada(const globales::ConsultaDatos& consulta, QListWidget& lista) {
+    lista.clear();
+    auto rs = AbreLista(consulta);
+    bool agrego = false;
+    const int columnas = rs->Fields().Count();
+    for (; !rs->Eof(); rs->MoveNext()) {
+        QString fila;
+        for (int i = 0; i < columnas; ++i) {
+            const int tipo = rs->Fields(i).Type();
+            const vb::Variant v = rs->Fields(i).Value();
+            const bool entero = tipo == dao::dbByte || tipo == dao::dbInteger || tipo == dao::dbLong;
+            if (entero)
+                fila += (v.isNull() ? QString() : vb::Format(v, QStringLiteral("000"))) + QStringLiteral(" - ");
+            else
+                fila += v.text() + QStringLiteral(" ");
+        }
+        lista.addItem(fila.trimmed());
+        agrego = true;
+    }
+    rs->Close();
+    return agrego;
+}
+
+}  // namespace reportes

@@ -1,0 +1,343 @@
+// The report builders: the XML document drawn from a query, its transform by each style sheet beside the
+// program, the summary page and the lists the report screens fill.
+#include "reports/Reportes.h"
+
+#include "core/Esquema.h"
+#include "core/Globales.h"
+#include "core/dao/Dao.h"
+#include "core/ui/PlataformaPrueba.h"
+#include "core/vb/Formato.h"
+
+#include <QDir>
+#include <QFile>
+#include <QListWidget>
+#include <QRegularExpression>
+#include <QTemporaryDir>
+#include <QXmlStreamReader>
+#include <gtest/gtest.h>
+#include <ostream>
+
+inline void PrintTo(const QString& s, std::ostream* os) { *os << '"' << s.toStdString() << '"'; }
+
+namespace {
+
+using globales::ConsultaDatos;
+
+// What a document holds, read back: the root's name and attributes in order, and each record's children.
+struct Leido {
+    QString raiz;
+    QStringList atributos;                      // "name=value" in document order
+    QList<QList<QPair<QString, QString>>> filas;
+    bool valido = false;
+};
+
+Leido Lee(const QString& xml) {
+    Leido r;
+    QXmlStreamReader x(xml);
+    int nivel = 0;
+    while (!x.atEnd()) {
+        x.readNext();
+        if (x.isStartElement()) {
+            ++nivel;
+            if (nivel == 1) {
+                r.raiz = x.name().toString();
+                for (const auto& a : x.attributes()) r.atributos << a.name().toString() + u'=' + a.value().toString();
+            } else if (nivel == 2) {
+                r.filas.append(QList<QPair<QString, QString>>());
+            } else if (nivel == 3) {
+                const QString nombre = x.name().toString();
+                r.filas.last().append({nombre, x.readElementText()});
+                --nivel;
+            }
+        } else if (x.isEndElement()) {
+            --nivel;
+        }
+    }
+    r.valido = !x.hasError() && !r.raiz.isEmpty();
+    return r;
+}
+
+class Reportes : public ::testing::Test {
+protected:
+    QTemporaryDir dir;
+    ui::PlataformaPrueba* sistema = nullptr;
+
+    void SetUp() override {
+        auto p = std::make_unique<ui::PlataformaPrueba>();
+        sistema = p.get();
+        // The program's folder: a copy of the installation's style sheets.
+        const QDir origen(QStringLiteral(ADQ_SOURCE_DIR "/xsls"));
+        QDir(dir.path()).mkdir(QStringLiteral("xsls"));
+        for (const QString& f : origen.entryList(QDir::Files))
+            QFile::copy(origen.filePath(f), dir.filePath(QStringLiteral("xsls/") + f));
+        sistema->rutaPrograma = dir.path();
+        ui::InstalaPlataforma(std::move(p));
+        auto db = dao::Database::CreateDatabase(dir.filePath(QStringLiteral("KORVEL8.mdb")));
+        esquema::CreaTablas(*db);
+        globales::BaseDatos = std::move(db);
+        globales::FechaInicial = vb::Fecha(QDate(2024, 1, 5));
+        globales::FechaFinal = vb::Fecha(QDate(2024, 3, 31));
+        Ejecuta("INSERT INTO Editoriales ([No], Nombre) VALUES (1, 'Alfa')");
+        Ejecuta("INSERT INTO [Solicitudes General] (NoSolicitud, Fecha, NoEscuela, NoBiblioteca, Estado) "
+                "VALUES (7, #02/10/2024#, 3, 2, 'S')");
+    }
+    void TearDown() override { globales::BaseDatos.reset(); }
+
+    void Ejecuta(const QString& sql) { globales::Base().Execute(sql, dao::dbFailOnError); }
+    void Libro(const QString& titulo, const QString& autor, const QString& ejemplares) {
+        Ejecuta(QStringLiteral("INSERT INTO [Solicitudes Libros] (Titulo, Autor, [Ejemplares pedidos], NoEditorial, "
+                               "Estado, NoSolicitud, ISBN) VALUES ('%1', %2, %3, 1, 'S', 7, '970-1')")
+                    .arg(titulo, autor, ejemplares));
+    }
+    static ConsultaDatos Solicitados(bool conEjemplares) {
+        ConsultaDatos c;
+        c.Campos = QStringLiteral("[Solicitudes General].NoBiblioteca,  Titulo, Autor, Editoriales.Nombre as Noeditorial, ISBN");
+        if (conEjemplares) c.Campos += QStringLiteral(", [Solicitudes Libros].[Ejemplares Pedidos] AS Ejemplares");
+        c.Tabla = QStringLiteral("(([Solicitudes Libros] left join [Solicitudes General] on [Solicitudes Libros].NoSolicitud="
+                                 "[Solicitudes General].NoSolicitud) left join Editoriales on [Solicitudes Libros].NoEditorial=Editoriales.[No])");
+        c.Clave = QStringLiteral(" where ([Solicitudes General].NoBiblioteca > (0 ))");
+        c.Orden = QStringLiteral("ClaveLibro");
+        return c;
+    }
+    QString Xml(const ConsultaDatos& c, const QString& distinto = QStringLiteral("Titulo"), bool soloResumen = false) {
+        vacio = false;
+        resumen = QStringLiteral("basura");
+        return reportes::xml_in(c, QStringLiteral("xsls\\Solicitados.xsl"), QStringLiteral("Reporte"),
+                                QStringLiteral("Libro"), distinto, vacio, resumen, soloResumen);
+    }
+    static QString Fmt(const vb::Fecha& f) { return vb::Format(vb::Variant(f), QStringLiteral("dd/mmm/yyyy")); }
+
+    bool vacio = false;
+    QString resumen;
+};
+
+TEST_F(Reportes, DocumentoConSusInstruccionesRaizYRegistros) {
+    Libro("Rayuela", "'Cortázar'", "2");
+    Libro("Ficciones", "Null", "3");
+    Libro("Rayuela", "'Cortázar'", "Null");
+    const QString xml = Xml(Solicitados(true));
+    EXPECT_TRUE(sistema->cajas.empty());
+    EXPECT_FALSE(vacio);
+    EXPECT_TRUE(resumen.isEmpty());
+    const QStringList lineas = xml.split(u'\n');
+    ASSERT_GE(lineas.size(), 3);
+    EXPECT_EQ(lineas[0], QStringLiteral("<?xml version=\"1.0\"?>"));
+    EXPECT_EQ(lineas[1], QStringLiteral("<?xml-stylesheet href=\"xsls\\Solicitados.xsl\" type=\"text/xsl\"?>"));
+
+    const Leido d = Lee(xml);
+    ASSERT_TRUE(d.valido) << xml.toStdString();
+    EXPECT_EQ(d.raiz, QStringLiteral("Reporte"));
+    // Copies summed over the "Ejemplares" column; the titles are then the rows.
+    EXPECT_EQ(d.atributos, (QStringList{"Registros=5", "NumTitulos=3", "fechaReporte=" + Fmt(vb::Fecha::Today()),
+                                        "fechaInicial=" + Fmt(globales::FechaInicial),
+                                        "fechaFinal=" + Fmt(globales::FechaFinal)}));
+    ASSERT_EQ(d.filas.size(), 3);
+    const auto& fila = d.filas[1];
+    ASSERT_EQ(fila.size(), 6);
+    EXPECT_EQ(fila[0], qMakePair(QStringLiteral("NoBiblioteca"), QStringLiteral("2")));
+    EXPECT_EQ(fila[1].second, QStringLiteral("Ficciones"));
+    EXPECT_EQ(fila[2], qMakePair(QStringLiteral("Autor"), QString()));     // Null is empty
+    EXPECT_EQ(fila[3], qMakePair(QStringLiteral("Noeditorial"), QStringLiteral("Alfa")));
+    EXPECT_EQ(fila[5], qMakePair(QStringLiteral("Ejemplares"), QStringLiteral("3")));
+    EXPECT_EQ(d.filas[0][2].second, QStringLiteral("Cortázar"));
+}
+
+TEST_F(Reportes, RegistrosYTitulosSegunLaColumnaEjemplares) {
+    Libro("Rayuela", "'A'", "0");
+    Libro("Rayuela", "'A'", "0");
+    Libro("Ficciones", "'B'", "0");
+    // No "Ejemplares" column, or one that sums to 0: rows, and distinct titles.
+    EXPECT_EQ(Lee(Xml(Solicitados(false))).atributos.mid(0, 2), (QStringList{"Registros=3", "NumTitulos=2"}));
+    EXPECT_EQ(Lee(Xml(Solicitados(true))).atributos.mid(0, 2), (QStringList{"Registros=3", "NumTitulos=2"}));
+    // Without a distinct field there is no NumTitulos.
+    const QStringList sin = Lee(Xml(Solicitados(true), QString())).atributos;
+    ASSERT_EQ(sin.size(), 4);
+    EXPECT_TRUE(sin[1].startsWith(u"fechaReporte="));
+
+    // Donated titles: rows and distinct values whatever the copies say.
+    Ejecuta("INSERT INTO [Donaciones Libros] (Titulo, Ejemplares, NoDonacion) VALUES ('Uno', 4, 1)");
+    Ejecuta("INSERT INTO [Donaciones Libros] (Titulo, Ejemplares, NoDonacion) VALUES ('Uno', 5, 1)");
+    ConsultaDatos d;
+    d.Campos = QStringLiteral("Titulo, Ejemplares");
+    d.Tabla = QStringLiteral("[Donaciones Libros]");
+    EXPECT_EQ(Lee(Xml(d)).atributos.mid(0, 2), (QStringList{"Registros=2", "NumTitulos=1"}));
+}
+
+TEST_F(Reportes, NombresSinBlancosYErrores) {
+    Libro("Rayuela", "'A'", "2");
+    ConsultaDatos c = Solicitados(false);
+    c.Campos = QStringLiteral("Titulo, [Ejemplares pedidos], [Fecha de Recepcion]");
+    const Leido d = Lee(Xml(c));
+    ASSERT_EQ(d.filas.size(), 1);
+    ASSERT_EQ(d.filas[0].size(), 3);
+    EXPECT_EQ(d.filas[0][1].first.toLower(), QStringLiteral("ejemplarespedidos"));
+    EXPECT_EQ(d.filas[0][1].second, QStringLiteral("2"));
+    EXPECT_EQ(d.filas[0][2].first.toLower(), QStringLiteral("fechaderecepcion"));
+    EXPECT_EQ(d.filas[0][2].second, QString());
+
+    // A statement the engine refuses: the box, and nothing.
+    c.Tabla = QStringLiteral("NoExiste");
+    EXPECT_TRUE(Xml(c).isEmpty());
+    ASSERT_EQ(sistema->cajas.size(), 1u);
+    EXPECT_TRUE(sistema->cajas[0].texto.startsWith(u"Ocurrió el error: "));
+    EXPECT_EQ(sistema->cajas[0].titulo, QStringLiteral("Generación de documento XML [xml_in]"));
+    EXPECT_EQ(sistema->cajas[0].flags, ui::vbCritical);
+}
+
+TEST_F(Reportes, ResultadoVacioDaDocumentoVacio) {
+    const QString xml = Xml(Solicitados(true));
+    EXPECT_TRUE(vacio);
+    EXPECT_TRUE(resumen.isEmpty());
+    const Leido d = Lee(xml);
+    ASSERT_TRUE(d.valido);
+    EXPECT_TRUE(d.filas.isEmpty());
+    EXPECT_EQ(d.atributos.mid(0, 2), (QStringList{"Registros=0", "NumTitulos=0"}));
+    EXPECT_TRUE(sistema->cajas.empty());
+}
+
+TEST_F(Reportes, MasDeQuinientosPreguntaPorElResumen) {
+    // A forced summary applies to a short result too, but not to an empty one.
+    EXPECT_FALSE(Xml(Solicitados(false), QStringLiteral("Titulo"), true).isEmpty());
+    EXPECT_TRUE(vacio);
+    EXPECT_TRUE(resumen.isEmpty());
+    Libro("T0", "'A'", "Null");
+    EXPECT_TRUE(Xml(Solicitados(false), QStringLiteral("Titulo"), true).isEmpty());
+    EXPECT_EQ(resumen, QStringLiteral("<TR><TD>1 títulos y 1 ejemplares</TD></TR>"));
+    for (int i = 1; i < 500; ++i) Libro(QStringLiteral("T%1").arg(i % 7), "'A'", "Null");
+    // Exactly 500 rows: no question.
+    EXPECT_EQ(Lee(Xml(Solicitados(false))).filas.size(), 500);
+    EXPECT_TRUE(sistema->cajas.empty());
+
+    Libro("T1", "'A'", "Null");
+    sistema->Responde({ui::vbYes});
+    EXPECT_TRUE(Xml(Solicitados(false)).isEmpty());
+    EXPECT_FALSE(vacio);
+    EXPECT_EQ(resumen, QStringLiteral("<TR><TD>7 títulos y 501 ejemplares</TD></TR>"));
+    ASSERT_EQ(sistema->cajas.size(), 1u);
+    EXPECT_EQ(sistema->cajas[0].texto, QStringLiteral("El reporte solicitado incluirá demasiados títulos,\n"
+                                                      "¿desea ver solo el resumen de la consulta?"));
+    EXPECT_EQ(sistema->cajas[0].titulo, QStringLiteral("Demasiada información para generar reporte"));
+    EXPECT_EQ(sistema->cajas[0].flags, ui::vbYesNo + ui::vbExclamation);
+
+    sistema->Responde({ui::vbNo});
+    const Leido todo = Lee(Xml(Solicitados(false)));
+    EXPECT_TRUE(resumen.isEmpty());
+    EXPECT_EQ(todo.filas.size(), 501);
+    EXPECT_EQ(todo.atributos.mid(0, 2), (QStringList{"Registros=501", "NumTitulos=7"}));
+
+    // Forced summary: no question.
+    EXPECT_TRUE(Xml(Solicitados(false), QStringLiteral("Titulo"), true).isEmpty());
+    EXPECT_EQ(resumen, QStringLiteral("<TR><TD>7 títulos y 501 ejemplares</TD></TR>"));
+    EXPECT_EQ(sistema->cajas.size(), 2u);
+}
+
+// A document with the given root, record and columns; each value is "<column>_<row>".
+QString Documento(const QString& raiz, const QStringList& columnas, int filas, bool conInstrucciones = true) {
+    QString x = conInstrucciones ? QStringLiteral("<?xml version=\"1.0\"?>\n") : QString();
+    x += QStringLiteral("<%1 Registros=\"%2\" NumTitulos=\"%2\" fechaReporte=\"01/abr/2024\" fechaInicial=\"05/ene/2024\" "
+                        "fechaFinal=\"31/mar/2024\">").arg(raiz).arg(filas);
+    for (int i = 0; i < filas; ++i) {
+        x += QStringLiteral("<Libro>");
+        for (const QString& c : columnas) x += QStringLiteral("<%1>%1_%2</%1>").arg(c).arg(i);
+        x += QStringLiteral("</Libro>");
+    }
+    return x + QStringLiteral("</%1>").arg(raiz);
+}
+
+TEST_F(Reportes, CadaHojaMuestraLasFilas) {
+    const QStringList base{"NoBiblioteca", "Titulo", "Autor", "Noeditorial", "ISBN", "NoEscuela", "Fecha"};
+    const struct { const char* hoja; const char* raiz; QStringList columnas; } casos[] = {
+        {"xsls\\Formato.xsl", "Pedidos",
+         {"ClaveLibro", "Solicitud", "Titulo", "ISBN", "Autor", "EjemplaresPedidos", "Editorial", "Edicion"}},
+        {"xsls\\formato2.xsl", "Reporte", base},
+        {"xsls\\Solicitados.xsl", "Reporte", base + QStringList{"Ejemplares"}},
+        {"xsls\\Pedidos.xsl", "Reporte", base},
+        {"xsls\\ImpAdq.xsl", "Reporte", base},
+        {"xsls\\Adquiridos.xsl", "Reporte",
+         base.mid(0, 6) + QStringList{"Edicion", "Ejemplaresrecibidos", "Costo", "Factura", "NoAdquisicion", "FechadeRecepcion"}},
+        {"xsls\\Donaciones.xsl", "Reporte",
+         {"Noadquisicion", "NoBiblioteca", "Nombre", "Titulo", "Autor", "Ejemplares", "Noeditorial", "Edicion", "Fecha"}},
+    };
+    for (const auto& c : casos) {
+        SCOPED_TRACE(c.hoja);
+        for (int filas : {3, 0}) {
+            auto vista = sistema->CreaVistaHtml(nullptr);
+            const QString html = reportes::Htm_gen(Documento(QLatin1String(c.raiz), c.columnas, filas), *vista,
+                                                   QLatin1String(c.hoja));
+            EXPECT_TRUE(sistema->cajas.empty()) << sistema->cajas.back().texto.toStdString();
+            sistema->cajas.clear();
+            EXPECT_EQ(vista->DocumentHtml(), html);
+            EXPECT_TRUE(html.contains(u"05/ene/2024") && html.contains(u"31/mar/2024"));
+            // The header row and one row per record; every column of the record is shown.
+            EXPECT_EQ(html.count(QRegularExpression(QStringLiteral("<tr[ >]"))), 1 + std::max(filas, 1)) << html.toStdString();
+            for (int i = 0; i < filas; ++i)
+                for (const QString& col : c.columnas)
+                    EXPECT_TRUE(html.contains(QStringLiteral("%1_%2").arg(col).arg(i))) << col.toStdString();
+        }
+    }
+}
+
+TEST_F(Reportes, EnviosMuestraAmbasPartes) {
+    const QStringList cols{"Titulo", "Autor", "NoAdquisicion", "NoBiblioteca"};
+    const QString xml = QStringLiteral("<?xml version=\"1.0\"?>\n<Reportes>") + Documento("AReporte", cols, 2, false) +
+                        Documento("DReporte", cols, 1, false) + QStringLiteral("</Reportes>");
+    auto vista = sistema->CreaVistaHtml(nullptr);
+    const QString html = reportes::Htm_gen(xml, *vista, QStringLiteral("xsls\\Envios.xsl"));
+    EXPECT_TRUE(sistema->cajas.empty());
+    EXPECT_TRUE(html.contains(u"Adquisiciones") && html.contains(u"Donaciones"));
+    EXPECT_TRUE(html.contains(u"Titulo_1") && html.contains(u"NoAdquisicion_0"));
+    EXPECT_EQ(html.count(QRegularExpression(QStringLiteral("<tr[ >]"))), 2 + 2 + 1);
+
+    // A document that comes straight from the builder (instructions included) transforms the same way.
+    Libro("Rayuela", "'A'", "2");
+    const QString propio = Xml(Solicitados(true));
+    EXPECT_TRUE(reportes::Htm_gen(propio, *vista, QStringLiteral("xsls\\Solicitados.xsl")).contains(u"Rayuela"));
+    EXPECT_TRUE(sistema->cajas.empty());
+}
+
+TEST_F(Reportes, FallasDeLaTransformacion) {
+    auto vista = sistema->CreaVistaHtml(nullptr);
+    EXPECT_TRUE(reportes::Htm_gen(Documento("Reporte", {"Titulo"}, 1), *vista, QStringLiteral("xsls\\NoHay.xsl")).isEmpty());
+    EXPECT_TRUE(reportes::Htm_gen(QString(), *vista, QStringLiteral("xsls\\Pedidos.xsl")).isEmpty());
+    ASSERT_EQ(sistema->cajas.size(), 2u);
+    for (const auto& caja : sistema->cajas) {
+        EXPECT_EQ(caja.titulo, QStringLiteral("Mod Htm_gen"));
+        EXPECT_EQ(caja.flags, ui::vbCritical);
+        EXPECT_TRUE(caja.texto.startsWith(u"Ocurrió el error: ") && caja.texto.contains(u"\n ["));
+    }
+}
+
+TEST_F(Reportes, ResumenEnUnaPagina) {
+    auto vista = sistema->CreaVistaHtml(nullptr);
+    reportes::Htm_resumen(QStringLiteral("<h5>Nada</h5>"), *vista);
+    const QString html = vista->DocumentHtml();
+    EXPECT_TRUE(html.startsWith(u"<HTML><HEAD><STYLE type='text/css'>"));
+    EXPECT_TRUE(html.contains(u"width='90%'><TR><TD><h5>Nada</h5></TD</TR></TABLE></CENTER></BODY></HTML>"));
+}
+
+TEST_F(Reportes, Listas) {
+    QListWidget lista;
+    ConsultaDatos c;
+    c.Campos = QStringLiteral("[No], Nombre");
+    c.Tabla = QStringLiteral("Bibliotecas");
+    c.Orden = QStringLiteral("[No]");
+    lista.addItem(QStringLiteral("viejo"));
+    EXPECT_FALSE(reportes::LlenaListaTodas(c, lista));
+    EXPECT_EQ(lista.count(), 0);
+
+    Ejecuta("INSERT INTO Bibliotecas ([No], Nombre) VALUES (12, 'Central')");
+    Ejecuta("INSERT INTO Bibliotecas ([No], Nombre) VALUES (3, Null)");
+    ASSERT_TRUE(reportes::LlenaListaTodas(c, lista));
+    ASSERT_EQ(lista.count(), 3);
+    EXPECT_EQ(lista.item(0)->text(), QStringLiteral("TODAS LAS BIBLIOTECAS"));
+    EXPECT_EQ(lista.item(1)->text(), QStringLiteral("3"));
+    EXPECT_EQ(lista.item(2)->text(), QStringLiteral("12 Central"));
+
+    c.Clave = QStringLiteral("[No]");
+    c.Valor = QStringLiteral("12");
+    EXPECT_TRUE(reportes::LlenaListaNumerada(c, lista));
+    ASSERT_EQ(lista.count(), 1);
+    EXPECT_EQ(lista.item(0)->text(), QStringLiteral("012 - Central"));
+}
+
+}  // namespace
