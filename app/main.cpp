@@ -8,6 +8,7 @@
 #include "core/FormPrincipal.h"
 #include "core/ui/Plataforma.h"
 #include "core/ui/PlataformaQt.h"
+#include "reports/Registro.h"
 
 #include <QApplication>
 #include <QScreen>
@@ -20,6 +21,7 @@ int main(int argc, char** argv) {
     ui::InstalaPlataforma(std::make_unique<ui::PlataformaQt>());
     // The screens of each subsystem, as the main window opens them.
     catalogo::RegistraComandos();
+    reportes::RegistraComandos();
 
     QStringList argumentos = app.arguments().mid(1);
     QString captura, abrir;
