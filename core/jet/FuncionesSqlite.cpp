@@ -348,7 +348,7 @@ std::optional<vb::Fecha> FechaAlmacenada(const char* p, int n) {
     const int h = dos(11), mi = dos(14), se = dos(17);
     if (h > 23 || mi > 59 || se > 59) return std::nullopt;
     struct Entrada { char clave[10]; QDate dia; };
-    thread_local Entrada cache[256] = {};
+    static Entrada cache[256] = {};   // the program reads on one thread
     unsigned hash = 0;
     for (int i = 0; i < 10; ++i) hash = hash * 31u + static_cast<unsigned char>(p[i]);
     Entrada& e = cache[hash & 255u];
