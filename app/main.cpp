@@ -9,6 +9,7 @@
 #include "core/ui/Plataforma.h"
 #include "core/ui/PlataformaQt.h"
 #include "reports/Registro.h"
+#include "workflow/Registro.h"
 
 #include <QApplication>
 #include <QScreen>
@@ -22,6 +23,7 @@ int main(int argc, char** argv) {
     // The screens of each subsystem, as the main window opens them.
     catalogo::RegistraComandos();
     reportes::RegistraComandos();
+    flujo::RegistraComandos();
 
     QStringList argumentos = app.arguments().mid(1);
     QString captura, abrir;

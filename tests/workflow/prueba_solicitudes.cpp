@@ -1,0 +1,383 @@
+// The request list and the request editor: the list as the statement fills it, the filter on the state,
+// the buttons, the delete cascade, the number proposed for a new request, and both ways of saving a head.
+#include "workflow/Registro.h"
+#include "workflow/Sol1.h"
+#include "workflow/Sol_Edi.h"
+
+#include "core/Esquema.h"
+#include "core/FormPrincipal.h"
+#include "core/Globales.h"
+#include "core/controles/ComboBox.h"
+#include "core/controles/ListView.h"
+#include "core/dao/Dao.h"
+#include "core/ui/PlataformaPrueba.h"
+#include "core/vb/Conversion.h"
+
+#include <QGroupBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QTemporaryDir>
+#include <gtest/gtest.h>
+#include <memory>
+#include <ostream>
+
+inline void PrintTo(const QString& s, std::ostream* os) { *os << '"' << s.toStdString() << '"'; }
+
+namespace {
+
+class PruebaSolicitudes : public ::testing::Test {
+protected:
+    QTemporaryDir dir;
+    ui::PlataformaPrueba* sistema = nullptr;
+
+    void SetUp() override {
+        auto p = std::make_unique<ui::PlataformaPrueba>();
+        sistema = p.get();
+        ui::InstalaPlataforma(std::move(p));
+        auto db = dao::Database::CreateDatabase(dir.filePath(QStringLiteral("KORVEL8.mdb")));
+        esquema::CreaTablas(*db);
+        globales::BaseDatos = std::move(db);
+        globales::LoginAnalista = QStringLiteral("ana");
+        globales::EtiquetaEscuela = QStringLiteral("Escuela");
+        globales::NombreBiblioteca = QStringLiteral("Biblioteca");
+        // Leftovers of another screen must not leak into the statements.
+        globales::Consulta.Clave = QStringLiteral("Nombre");
+        globales::Consulta.Valor = QStringLiteral("'x'");
+        globales::Consulta.Tabla = QStringLiteral("Editoriales");
+
+        Ejecuta("INSERT INTO Bibliotecas ([No], Nombre) VALUES (1, 'Central')");
+        Ejecuta("INSERT INTO Bibliotecas ([No], Nombre) VALUES (2, 'Norte')");
+        Ejecuta("INSERT INTO Escuelas ([No], Nombre, NoBiblioteca) VALUES (3, 'Ingeniería', 1)");
+        Ejecuta("INSERT INTO Escuelas ([No], Nombre, NoBiblioteca) VALUES (4, 'Artes', 1)");
+        Ejecuta("INSERT INTO Escuelas ([No], Nombre, NoBiblioteca) VALUES (5, 'Medicina', 2)");
+    }
+    void TearDown() override { globales::BaseDatos.reset(); }
+
+    void Ejecuta(const char* sql) { globales::Base().Execute(QString::fromUtf8(sql), dao::dbFailOnError); }
+    QString Valor(const QString& sql) {
+        auto rs = globales::Base().OpenRecordset(sql);
+        if (rs->Eof()) return QString();
+        const vb::Variant v = rs->Fields(0).Value();
+        return v.isNull() ? QStringLiteral("NULL") : v.text();
+    }
+    int Cuenta(const char* tabla) {
+        return Valor(QStringLiteral("SELECT Count(*) FROM ") + QString::fromUtf8(tabla)).toInt();
+    }
+    void TresSolicitudes() {
+        Ejecuta("INSERT INTO [Solicitudes General] (NoSolicitud, Fecha, Solicitante, NoEscuela, NoBiblioteca, Estado) "
+                "VALUES (1, #2024/03/05#, 'Luis', 3, 1, 'S')");
+        Ejecuta("INSERT INTO [Solicitudes General] (NoSolicitud, Fecha, Solicitante, NoEscuela, NoBiblioteca, Estado) "
+                "VALUES (2, #2024/04/10#, 'Marta', 5, 2, 'P')");
+        Ejecuta("INSERT INTO [Solicitudes General] (NoSolicitud, Fecha, Solicitante, NoEscuela, NoBiblioteca, Estado) "
+                "VALUES (7, #2024/05/01#, 'Eva', 9, NULL, 'R')");
+    }
+    static QStringList Textos(controles::ListView& l) {
+        QStringList r;
+        for (int i = 1; i <= l.ListItems().Count(); ++i) r << l.ListItems()(i).Text();
+        return r;
+    }
+};
+
+// ---- Sol1 -------------------------------------------------------------------------------------------------
+
+TEST_F(PruebaSolicitudes, ListaNuevasPrimeroConEscuelaYBiblioteca) {
+    TresSolicitudes();
+    Sol1 f;
+    f.Form_Load();
+    controles::ListView& l = *f.ListView1;
+    ASSERT_EQ(l.ColumnHeaders().Count(), 5);
+    EXPECT_EQ(l.ColumnHeaders()(1).Text(), QStringLiteral("Núm."));
+    EXPECT_NEAR(l.ColumnHeaders()(1).Width(), 400, controles::TwipsPorPixel);   // kept to whole pixels
+    EXPECT_EQ(l.ColumnHeaders()(4).Text(), QStringLiteral(" Escuela"));
+    EXPECT_EQ(l.ColumnHeaders()(5).Text(), QStringLiteral(" Biblioteca"));
+    EXPECT_NEAR(l.ColumnHeaders()(5).Width(), 2800, controles::TwipsPorPixel);
+    EXPECT_TRUE(l.GridLines());
+    EXPECT_TRUE(l.FullRowSelect());
+
+    ASSERT_EQ(l.ListItems().Count(), 3);
+    EXPECT_EQ(vb::Val(l.ListItems()(1).Text()), 7);       // newest first
+    EXPECT_EQ(vb::Val(l.ListItems()(3).Text()), 1);
+    // A school or library that is missing leaves its columns empty, the row stays.
+    EXPECT_EQ(l.ListItems()(1).SubItems(2), QStringLiteral("Eva"));
+    EXPECT_EQ(l.ListItems()(1).SubItems(3), QString());
+    EXPECT_EQ(l.ListItems()(2).SubItems(3), QStringLiteral("Medicina"));
+    EXPECT_EQ(l.ListItems()(2).SubItems(4), QStringLiteral("Norte"));
+    EXPECT_EQ(f.Frame2->title(), QStringLiteral("Solicitudes disponibles: 3"));
+    EXPECT_EQ(globales::Consulta.Clave,
+              QStringLiteral("([Solicitudes General] LEFT JOIN [Escuelas] ON [Solicitudes General].NoEscuela = [Escuelas].No) "
+                             "LEFT JOIN Bibliotecas ON [Solicitudes General].NoBiblioteca=Bibliotecas.no"));
+    // Filling enables nothing: the buttons wait for a click on a row.
+    EXPECT_FALSE(f.Command2->isEnabled());
+    EXPECT_TRUE(sistema->cajas.empty());
+}
+
+TEST_F(PruebaSolicitudes, FiltroDeProcesadasYVueltaATodas) {
+    TresSolicitudes();
+    Sol1 f;
+    f.Form_Load();
+    f.Option1[1]->setChecked(true);
+    f.Option1_Click(1);
+    ASSERT_EQ(f.ListView1->ListItems().Count(), 1);
+    EXPECT_EQ(vb::Val(f.ListView1->ListItems()(1).Text()), 1);
+    EXPECT_EQ(f.Frame2->title(), QStringLiteral("Solicitudes disponibles: 1"));
+    EXPECT_EQ(f.ListView1->ColumnHeaders().Count(), 5);     // the columns are set up again, not doubled
+    f.Option1[0]->setChecked(true);
+    f.Option1_Click(0);
+    EXPECT_EQ(f.ListView1->ListItems().Count(), 3);
+}
+
+TEST_F(PruebaSolicitudes, ListaVaciaDeshabilitaLosBotones) {
+    Sol1 f;
+    f.Form_Load();
+    EXPECT_EQ(f.ListView1->ListItems().Count(), 0);
+    EXPECT_EQ(f.Frame2->title(), QStringLiteral("Solicitudes disponibles: 0"));
+    EXPECT_FALSE(f.Command2->isEnabled());
+    EXPECT_FALSE(f.Command3->isEnabled());
+    EXPECT_FALSE(f.cmdAgregarTitulos->isEnabled());
+    // Titles of an empty list: nothing happens, no failure box.
+    globales::NavModo = 9;
+    f.cmdAgregarTitulos_Click();
+    EXPECT_EQ(globales::NavModo, 9);
+}
+
+TEST_F(PruebaSolicitudes, ClicHabilitaYTitulosTomaLaSolicitud) {
+    TresSolicitudes();
+    Sol1 f;
+    f.Form_Load();
+    f.ListView1->ListItems()(2).setSelected(true);
+    f.ListView1_Click();
+    EXPECT_TRUE(f.Command2->isEnabled());
+    EXPECT_TRUE(f.Command3->isEnabled());
+    EXPECT_TRUE(f.cmdAgregarTitulos->isEnabled());
+    f.ListView1_DblClick();
+    EXPECT_EQ(globales::NavModo, 1);
+    EXPECT_EQ(globales::NavCampo, QStringLiteral("NoSolicitud"));
+    EXPECT_EQ(vb::Val(globales::NavValor.text()), 2);
+}
+
+TEST_F(PruebaSolicitudes, EditarAbreLaCapturaEnModoCambio) {
+    TresSolicitudes();
+    Sol1 f;
+    f.Form_Load();
+    f.ListView1->ListItems()(3).setSelected(true);
+    QString titulo, solicitante;
+    sistema->AlMostrar(QStringLiteral("Sol_Edi"), [&](QDialog& d) {
+        auto& e = static_cast<Sol_Edi&>(d);
+        titulo = e.windowTitle();
+        solicitante = e.Text3->text();
+    });
+    f.Command2_Click();
+    EXPECT_EQ(sistema->modales, QStringList{QStringLiteral("Sol_Edi")});
+    EXPECT_EQ(globales::NavModo, 2);
+    EXPECT_EQ(titulo, QStringLiteral("Modificando solicitud"));
+    EXPECT_EQ(solicitante, QStringLiteral("Luis"));
+}
+
+TEST_F(PruebaSolicitudes, BorrarPreguntaYBorraEnCascada) {
+    TresSolicitudes();
+    Ejecuta("INSERT INTO [Solicitudes Libros] (ClaveLibro, Titulo, NoSolicitud) VALUES (10, 'Álgebra', 2)");
+    Ejecuta("INSERT INTO [Solicitudes Libros] (ClaveLibro, Titulo, NoSolicitud) VALUES (11, 'Cálculo', 1)");
+    Ejecuta("INSERT INTO [Adquisiciones Numadqui] (NoAdquisicion, ClaveLibro) VALUES ('A1', 10)");
+    Ejecuta("INSERT INTO [Adquisiciones Numadqui] (NoAdquisicion, ClaveLibro) VALUES ('A2', 11)");
+    Sol1 f;
+    f.Form_Load();
+    f.ListView1->ListItems()(2).setSelected(true);      // request 2, already ordered
+
+    sistema->Responde({ui::vbNo});
+    f.Command3_Click();
+    ASSERT_EQ(sistema->cajas.size(), 1u);
+    EXPECT_EQ(sistema->cajas[0].texto,
+              QStringLiteral("¿Está seguro que desea borrar la solicitud, así como los libros que estén dentro de ella?"));
+    EXPECT_EQ(sistema->cajas[0].titulo, QStringLiteral("Borrado de solicitud"));
+    EXPECT_EQ(sistema->cajas[0].flags, ui::vbQuestion + ui::vbYesNo);
+    EXPECT_EQ(Cuenta("[Solicitudes General]"), 3);
+
+    sistema->Responde({ui::vbYes});
+    f.Command3_Click();
+    EXPECT_EQ(Cuenta("[Solicitudes General]"), 2);
+    EXPECT_EQ(Valor(QStringLiteral("SELECT Count(*) FROM [Solicitudes Libros] WHERE NoSolicitud=2")), QStringLiteral("0"));
+    EXPECT_EQ(Valor(QStringLiteral("SELECT Count(*) FROM [Adquisiciones Numadqui] WHERE ClaveLibro=10")), QStringLiteral("0"));
+    EXPECT_EQ(Cuenta("[Adquisiciones Numadqui]"), 1);     // other requests keep theirs
+    // The list ends as the joined statement fills it, with the school names, not the numbers.
+    ASSERT_EQ(f.ListView1->ListItems().Count(), 2);
+    EXPECT_EQ(f.ListView1->ListItems()(2).SubItems(3), QStringLiteral("Ingeniería"));
+    EXPECT_EQ(f.Frame2->title(), QStringLiteral("Solicitudes disponibles: 2"));
+}
+
+TEST_F(PruebaSolicitudes, BotonDeImportarSoloEnLaRedDeLaInstitucion) {
+    Sol1 f;
+    f.Form_Load();
+    const QString prefijo = QStringLiteral(ADQ_PREFIJO_RED);
+    sistema->direccionLocal = prefijo + QStringLiteral(".7.7");
+    f.Form_Activate();
+    EXPECT_FALSE(f.BtnImportarSolicitud->isHidden());
+    sistema->direccionLocal = QStringLiteral("10.99.99.1");
+    f.Form_Activate();                                   // tested again on each activation
+    EXPECT_TRUE(f.BtnImportarSolicitud->isHidden());
+    sistema->direccionLocal.clear();
+    f.Form_Activate();
+    EXPECT_TRUE(f.BtnImportarSolicitud->isHidden());
+}
+
+TEST_F(PruebaSolicitudes, ElMenuAbreLaLista) {
+    flujo::RegistraComandos();
+    EXPECT_TRUE(FormPrincipal::PantallaDisponible(QStringLiteral("Solicitudes")));
+}
+
+// ---- Sol_Edi ------------------------------------------------------------------------------------------------
+
+TEST_F(PruebaSolicitudes, NumeroPropuestoYFinanciamientoOculto) {
+    globales::NavModo = 0;
+    {
+        Sol_Edi e;
+        e.Form_Load();
+        EXPECT_EQ(e.Label6->text(), QStringLiteral("1"));   // empty table: the first request
+        EXPECT_EQ(e.windowTitle(), QStringLiteral("Captura de nueva solicitud"));
+        EXPECT_TRUE(vb::IsDate(vb::Variant(e.Text2->text())));
+        EXPECT_TRUE(e.cboFinanciamiento->isHidden());
+        EXPECT_TRUE(e.lblFinanciamiento->isHidden());
+    }
+    TresSolicitudes();
+    Ejecuta("INSERT INTO adqFinanciamiento (Nombre) VALUES ('Federal')");
+    Sol_Edi e;
+    e.Form_Load();
+    EXPECT_EQ(e.Label6->text(), QStringLiteral("8"));
+    EXPECT_FALSE(e.cboFinanciamiento->isHidden());
+    EXPECT_FALSE(e.txtIdFinanciamiento->isHidden());
+}
+
+TEST_F(PruebaSolicitudes, BibliotecaEstrechaEscuelasYEscuelaDaFuentes) {
+    Ejecuta("INSERT INTO adqFinanciamiento (Nombre) VALUES ('Federal')");
+    Ejecuta("INSERT INTO adqFinanciamiento (Nombre) VALUES ('Estatal')");
+    Ejecuta("INSERT INTO adqProyectos (Nombre, IdEscuela, IdFinanciamiento) VALUES ('P1', 4, 2)");
+    globales::NavModo = 0;
+    Sol_Edi e;
+    e.Form_Load();
+    EXPECT_EQ(e.Combo1->ListCount(), 3);
+    e.Text5->setText(QStringLiteral("1"));
+    EXPECT_EQ(e.Combo1->ListCount(), 2);                 // only the schools of library 1, by name
+    EXPECT_EQ(e.Combo1->ListIndex(), 0);
+    EXPECT_EQ(e.Text4->text(), QStringLiteral("4"));     // Artes
+    ASSERT_EQ(e.cboFinanciamiento->ListCount(), 1);
+    EXPECT_EQ(e.txtIdFinanciamiento->text(), QStringLiteral("2"));
+
+    e.Combo1->setListIndex(1);                           // Ingeniería has no project
+    EXPECT_EQ(e.Text4->text(), QStringLiteral("3"));
+    EXPECT_EQ(e.cboFinanciamiento->ListCount(), 0);
+    EXPECT_EQ(e.txtIdFinanciamiento->text(), QString());
+
+    const int antes = sistema->beeps;
+    e.Text5->setText(QStringLiteral("9"));               // no such library
+    EXPECT_EQ(e.Text5->text(), QString());
+    EXPECT_GT(sistema->beeps, antes);
+    e.Text4->setText(QStringLiteral("8"));               // no such school among those listed
+    EXPECT_EQ(e.Text4->text(), QString());
+    EXPECT_FALSE(e.lblWarning->isHidden());
+}
+
+TEST_F(PruebaSolicitudes, GrabarNuevaConApostrofoYSinFuente) {
+    globales::NavModo = 0;
+    Sol_Edi e;
+    e.Form_Load();
+    e.Text2->setText(QStringLiteral("05/03/2024"));
+    e.Text3->setText(QStringLiteral("  José O'Neil "));
+    e.Text5->setText(QStringLiteral("1"));
+    e.Text4->setText(QStringLiteral("3"));
+    e.Command1_Click();
+    EXPECT_TRUE(sistema->cajas.empty());
+    EXPECT_EQ(Valor(QStringLiteral("SELECT Solicitante FROM [Solicitudes General] WHERE NoSolicitud=1")), QStringLiteral("José O'Neil"));
+    EXPECT_EQ(Valor(QStringLiteral("SELECT Format(Fecha,'yyyy/mm/dd') FROM [Solicitudes General]")), QStringLiteral("2024/03/05"));
+    EXPECT_EQ(Valor(QStringLiteral("SELECT Estado & '|' & NoEscuela & '|' & NoBiblioteca & '|' & IdCapturista & '|' & IdFinanciamiento "
+                                   "FROM [Solicitudes General]")),
+              QStringLiteral("S|3|1|ana|0"));
+    EXPECT_NE(Valor(QStringLiteral("SELECT FechaCaptura FROM [Solicitudes General]")), QStringLiteral("NULL"));
+    // Straight on to its titles, as a request being changed.
+    EXPECT_EQ(globales::NavModo, 2);
+    EXPECT_EQ(globales::NavValor.text(), QStringLiteral("1"));
+    EXPECT_EQ(globales::NavTabla, QStringLiteral("[Solicitudes General]"));
+}
+
+TEST_F(PruebaSolicitudes, GrabarSeDetieneEnCadaDatoQueFalta) {
+    globales::NavModo = 0;
+    Sol_Edi e;
+    e.Form_Load();
+    e.Command1_Click();
+    EXPECT_EQ(e.lblWarning->text(), QStringLiteral("Se requiere el nombre del solicitante..."));
+    EXPECT_TRUE(e.lblWarning->isHidden());
+    e.Text3->setText(QStringLiteral("Luis"));
+    e.Command1_Click();
+    EXPECT_EQ(e.lblWarning->text(), QStringLiteral("Número de Biblioteca inválido, seleccione uno de la lista..."));
+    EXPECT_FALSE(e.lblWarning->isHidden());
+    e.Text5->setText(QStringLiteral("2"));
+    e.Text4->clear();
+    e.Command1_Click();
+    EXPECT_EQ(e.lblWarning->text(), QStringLiteral("Número de escuela inválido, seleccione uno de la lista..."));
+    e.Text4->setText(QStringLiteral("5"));
+    e.Text2->setText(QStringLiteral("31/02/2024x"));
+    e.Command1_Click();
+    ASSERT_EQ(sistema->cajas.size(), 1u);
+    EXPECT_EQ(sistema->cajas[0].texto, QStringLiteral("Esta no es una fecha válida"));
+    EXPECT_EQ(sistema->cajas[0].titulo, QStringLiteral("Fecha incorrecta"));
+    EXPECT_EQ(sistema->cajas[0].flags, ui::vbCritical);
+    EXPECT_EQ(Cuenta("[Solicitudes General]"), 0);
+
+    // An empty date passes the test, and the statement with "##" fails in the insert.
+    e.Text2->clear();
+    e.Command1_Click();
+    EXPECT_EQ(Cuenta("[Solicitudes General]"), 0);
+    ASSERT_GE(sistema->cajas.size(), 2u);
+    EXPECT_EQ(sistema->cajas.back().texto, QStringLiteral("La solicitud no se ha podido guardar"));
+    EXPECT_EQ(sistema->cajas.back().titulo, QStringLiteral("Error"));
+}
+
+TEST_F(PruebaSolicitudes, DosCapturasALaVezChocanEnElNumero) {
+    globales::NavModo = 0;
+    Sol_Edi a, b;
+    a.Form_Load();
+    b.Form_Load();
+    for (Sol_Edi* e : {&a, &b}) {
+        e->Text3->setText(QStringLiteral("Luis"));
+        e->Text5->setText(QStringLiteral("2"));
+        globales::NavModo = 0;
+    }
+    a.Command1_Click();
+    globales::NavModo = 0;
+    b.Command1_Click();
+    EXPECT_EQ(Cuenta("[Solicitudes General]"), 1);
+    ASSERT_FALSE(sistema->cajas.empty());
+    EXPECT_EQ(sistema->cajas.back().texto, QStringLiteral("La solicitud no se ha podido guardar"));
+}
+
+TEST_F(PruebaSolicitudes, CambiarSobrescribeCapturaYRefrescaLaLista) {
+    TresSolicitudes();
+    Ejecuta("INSERT INTO adqFinanciamiento (Nombre) VALUES ('Federal')");
+    Ejecuta("INSERT INTO adqProyectos (Nombre, IdEscuela, IdFinanciamiento) VALUES ('P1', 5, 1)");
+    Ejecuta("UPDATE [Solicitudes General] SET IdFinanciamiento=1, IdCapturista='pepe' WHERE NoSolicitud=2");
+    Sol1 lista;
+    lista.Form_Load();
+    globales::NavModo = 2;
+    globales::NavCampo = QStringLiteral("NoSolicitud");
+    globales::NavValor = vb::Variant(QStringLiteral("2"));
+    Sol_Edi e;
+    e.Lista = &lista;
+    e.Form_Load();
+    EXPECT_EQ(e.Label6->text(), QStringLiteral("2"));
+    EXPECT_EQ(e.Text3->text(), QStringLiteral("Marta"));
+    EXPECT_EQ(e.Text5->text(), QStringLiteral("2"));
+    EXPECT_EQ(e.Text4->text(), QStringLiteral("5"));
+    EXPECT_EQ(e.txtIdFinanciamiento->text(), QStringLiteral("1"));
+    EXPECT_FALSE(e.cboFinanciamiento->isHidden());
+    EXPECT_EQ(vb::CDate(vb::Variant(e.Text2->text())).date(), QDate(2024, 4, 10));
+
+    e.Text3->setText(QStringLiteral("Marta D'Ávila"));
+    e.Command1_Click();
+    EXPECT_TRUE(sistema->cajas.empty());
+    EXPECT_EQ(Valor(QStringLiteral("SELECT Solicitante & '|' & IdCapturista & '|' & Estado & '|' & IdFinanciamiento "
+                                   "FROM [Solicitudes General] WHERE NoSolicitud=2")),
+              QStringLiteral("Marta D'Ávila|ana|P|1"));
+    EXPECT_EQ(lista.ListView1->ListItems()(2).SubItems(2), QStringLiteral("Marta D'Ávila"));
+}
+
+}  // namespace
