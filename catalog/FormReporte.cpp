@@ -28,14 +28,6 @@ constexpr int TwipsPorPixel = 15;
 constexpr int VueltasEspera = 50000;
 constexpr int cdlOFNOverwritePrompt = 2;
 
-// Text as the system's single-byte code page writes it; what it lacks becomes "?".
-QByteArray Windows1252(const QString& texto) {
-    QByteArray r;
-    r.reserve(texto.size());
-    for (const QChar c : texto) r.append(static_cast<char>(vb::Asc(QString(c))));
-    return r;
-}
-
 }  // namespace
 
 FormReporte::FormReporte(QWidget* padre) : QDialog(padre) {
@@ -364,7 +356,7 @@ void FormReporte::Command4_Click() {
         if (!archivo.open(QIODevice::WriteOnly | QIODevice::Truncate))
             throw vb::Error(75, QStringLiteral("Error de acceso a la ruta o el archivo"));
         if (vb::InStr(vb::UCase(dlgSaveAs.archivo), QStringLiteral(".HTM")) > 0)
-            archivo.write(Windows1252(ContenidoHTML + saltoLinea));
+            archivo.write(vb::Windows1252(ContenidoHTML + saltoLinea));
         else if (dlgSaveAs.indiceFiltro == 2)
             archivo.write((ContenidoXML + saltoLinea).toLatin1());
         archivo.close();

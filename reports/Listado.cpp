@@ -28,14 +28,6 @@ const QString tituloPrecaucion = QStringLiteral("Precuación");
 // The save dialog's flags: overwrite prompt (2) and keep the current directory (8).
 constexpr int FlagsGuardar = 10;
 
-// Text as the system's single-byte code page writes it; what it lacks becomes "?".
-QByteArray Windows1252(const QString& texto) {
-    QByteArray r;
-    r.reserve(texto.size());
-    for (const QChar c : texto) r.append(static_cast<char>(vb::Asc(QString(c))));
-    return r;
-}
-
 bool EsFecha(const QLineEdit* caja) { return vb::IsDate(vb::Variant(caja->text())); }
 
 }  // namespace
@@ -415,7 +407,7 @@ void Listado::Command2_Click() {
     QFile archivo(d.archivo);
     if (!archivo.open(QIODevice::WriteOnly | QIODevice::Truncate))
         throw vb::Error(75, QStringLiteral("Error de acceso a la ruta o el archivo"));
-    archivo.write(Windows1252(texto + saltoLinea));
+    archivo.write(vb::Windows1252(texto + saltoLinea));
 }
 
 void Listado::Command3_Click() {

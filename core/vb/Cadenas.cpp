@@ -87,4 +87,11 @@ int Asc(const QString& s) {
     return u'?';   // not in the code page: the runtime's substitute
 }
 
+QByteArray Windows1252(const QString& texto) {
+    QByteArray r;
+    r.reserve(texto.size());
+    for (const QChar c : texto) r.append(static_cast<char>(Asc(QString(c))));
+    return r;
+}
+
 }  // namespace vb

@@ -1,5 +1,6 @@
 #pragma once
 // The text functions of the language, with 1-based positions.
+#include <QByteArray>
 #include <QString>
 
 namespace vb {
@@ -21,5 +22,8 @@ QString Space(int n);
 QString String(int n, QChar c);
 QString Chr(int codigo);            // Windows-1252 code to character
 int Asc(const QString& s);          // first character to its Windows-1252 code; error 5 on empty
+
+// Text in the system's single-byte code page (Windows-1252); what it lacks becomes "?".
+QByteArray Windows1252(const QString& texto);
 
 }  // namespace vb

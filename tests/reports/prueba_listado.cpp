@@ -1,5 +1,6 @@
 // The report generator: each kind of report drawn from a small data set, the choice of libraries, schools
 // and funding source, the empty page and the summary, and saving the report as HTML or XML.
+#include "ayuda_reportes.h"
 #include "reports/Listado.h"
 #include "reports/Registro.h"
 
@@ -35,17 +36,7 @@ protected:
     std::unique_ptr<Listado> pantalla;
 
     void SetUp() override {
-        auto p = std::make_unique<ui::PlataformaPrueba>();
-        sistema = p.get();
-        const QDir origen(QStringLiteral(ADQ_SOURCE_DIR "/xsls"));
-        QDir(dir.path()).mkdir(QStringLiteral("xsls"));
-        for (const QString& f : origen.entryList(QDir::Files))
-            QFile::copy(origen.filePath(f), dir.filePath(QStringLiteral("xsls/") + f));
-        sistema->rutaPrograma = dir.path();
-        ui::InstalaPlataforma(std::move(p));
-        auto db = dao::Database::CreateDatabase(dir.filePath(QStringLiteral("KORVEL8.mdb")));
-        esquema::CreaTablas(*db);
-        globales::BaseDatos = std::move(db);
+        sistema = ayuda_reportes::PreparaPrograma(dir);
         // Leftovers of another screen must not leak into the lists.
         globales::Consulta.Clave = QStringLiteral("Nombre");
         globales::Consulta.Valor = QStringLiteral("'x'");

@@ -1,5 +1,6 @@
 // The report builders: the XML document drawn from a query, its transform by each style sheet beside the
 // program, the summary page and the lists the report screens fill.
+#include "ayuda_reportes.h"
 #include "reports/Reportes.h"
 
 #include "core/Esquema.h"
@@ -63,18 +64,7 @@ protected:
     ui::PlataformaPrueba* sistema = nullptr;
 
     void SetUp() override {
-        auto p = std::make_unique<ui::PlataformaPrueba>();
-        sistema = p.get();
-        // The program's folder: a copy of the installation's style sheets.
-        const QDir origen(QStringLiteral(ADQ_SOURCE_DIR "/xsls"));
-        QDir(dir.path()).mkdir(QStringLiteral("xsls"));
-        for (const QString& f : origen.entryList(QDir::Files))
-            QFile::copy(origen.filePath(f), dir.filePath(QStringLiteral("xsls/") + f));
-        sistema->rutaPrograma = dir.path();
-        ui::InstalaPlataforma(std::move(p));
-        auto db = dao::Database::CreateDatabase(dir.filePath(QStringLiteral("KORVEL8.mdb")));
-        esquema::CreaTablas(*db);
-        globales::BaseDatos = std::move(db);
+        sistema = ayuda_reportes::PreparaPrograma(dir);
         globales::FechaInicial = vb::Fecha(QDate(2024, 1, 5));
         globales::FechaFinal = vb::Fecha(QDate(2024, 3, 31));
         Ejecuta("INSERT INTO Editoriales ([No], Nombre) VALUES (1, 'Alfa')");
