@@ -5,6 +5,7 @@
 #include "core/controles/Colores.h"
 #include "core/controles/ComboBox.h"
 #include "core/dao/Dao.h"
+#include "core/ui/Ficha.h"
 #include "core/vb/Cadenas.h"
 #include "core/vb/Conversion.h"
 #include "core/vb/Formato.h"
@@ -225,12 +226,7 @@ void FormReporte::Command1_Click() {
         if (Vacio) {
             ui::Sistema().MsgBox(QStringLiteral("La búsqueda no arrojó resultados"), ui::vbInformation, windowTitle());
         } else {
-            int vueltas = 0;
-            while (WebBrowser1 && WebBrowser1->ReadyState() != 4 && vueltas < VueltasEspera) {
-                QApplication::processEvents();
-                ++vueltas;
-            }
-            if (WebBrowser1 && WebBrowser1->ReadyState() == 4) {
+            if (WebBrowser1 && ui::EsperaVista(*WebBrowser1, VueltasEspera)) {
                 WebBrowser1->DocumentOpen();
                 WebBrowser1->DocumentWrite(ContenidoHTML);
                 WebBrowser1->DocumentClose();

@@ -2,6 +2,7 @@
 
 #include "core/Rutas.h"
 #include "core/dao/Dao.h"
+#include "core/ui/Ficha.h"
 #include "core/ui/Plataforma.h"
 #include "core/vb/Error.h"
 #include "core/vb/Formato.h"
@@ -55,11 +56,6 @@ long CuentaDistintos(const globales::ConsultaDatos& c, const QString& campo) {
     }
     rs->Close();
     return n;
-}
-
-// Lets events through until the view is ready, for at most the given number of turns.
-void EsperaVista(ui::VistaHtml& vista, long vueltas = 40001) {
-    for (long i = 0; i < vueltas && vista.ReadyState() != 4; ++i) QCoreApplication::processEvents();
 }
 
 QString Numero(double n) { return QString::number(static_cast<long long>(n)); }
@@ -182,7 +178,7 @@ QString Htm_gen(const QString& xml, ui::VistaHtml& navegador, const QString& hoj
         const QString html = texto ? QString::fromUtf8(reinterpret_cast<const char*>(texto), largo) : QString();
         xmlFree(texto);
 
-        EsperaVista(navegador);
+        ui::EsperaVista(navegador);
         navegador.DocumentOpen();
         navegador.DocumentWrite(html);
         navegador.DocumentClose();
@@ -196,7 +192,7 @@ QString Htm_gen(const QString& xml, ui::VistaHtml& navegador, const QString& hoj
 
 void Htm_resumen(const QString& texto, ui::VistaHtml& navegador) {
     navegador.Navigate(QStringLiteral("about:blank"));
-    EsperaVista(navegador);
+    ui::EsperaVista(navegador);
     navegador.DocumentOpen();
     navegador.DocumentWrite(
         QStringLiteral("<HTML><HEAD><STYLE type='text/css'>table {font-family:tahoma, verdana, arial;font-size:10pt; "

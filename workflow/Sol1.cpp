@@ -7,6 +7,7 @@
 #include "core/ui/Plataforma.h"
 #include "core/vb/Cadenas.h"
 #include "core/vb/Error.h"
+#include "workflow/Form2.h"
 #include "workflow/Sol_Edi.h"
 
 #include <QEvent>
@@ -193,7 +194,10 @@ void Sol1::cmdAgregarTitulos_Click() {
     globales::NavCampo = QStringLiteral("NoSolicitud");
     globales::NavValor = vb::Variant(TextoSeleccionado());
     globales::NavModo = 1;
-    // The titles screen of the request opens here once it exists.
+    Form2 pantalla(this);
+    pantalla.Lista = this;
+    pantalla.Form_Load();
+    ui::Sistema().MuestraModal(pantalla);
 }
 
 void Sol1::BtnImportarSolicitud_Click() {

@@ -12,6 +12,7 @@
 #include "core/vb/Error.h"
 #include "core/vb/Fecha.h"
 #include "core/vb/Formato.h"
+#include "workflow/Form2.h"
 #include "workflow/Sol1.h"
 
 #include <QGridLayout>
@@ -356,7 +357,11 @@ void Sol_Edi::Grabar() {
             globales::NavTabla = QStringLiteral("[Solicitudes General]");
             globales::NavModo = 2;
             close();
-            // The titles screen of the new request opens here once it exists.
+            // A new request goes straight on to its titles.
+            Form2 titulos(parentWidget());
+            titulos.Lista = Lista;
+            titulos.Form_Load();
+            sistema.MuestraModal(titulos);
         } else {
             sistema.MsgBox(QStringLiteral("La solicitud no se ha podido guardar"), ui::vbOKOnly, QStringLiteral("Error"));
         }
@@ -372,7 +377,7 @@ void Sol_Edi::Grabar() {
     c.Clave = QStringLiteral("NoSolicitud");
     c.Tabla = QStringLiteral("[Solicitudes General]");
     if (Datos::CambiaGenerico_X(c)) {
-        // The titles screen, when it is the one below, shows the changed head once it exists.
+        if (Titulos) Titulos->RefrescaTitulos();
         if (Lista) Lista->Refrescar();
         close();
     } else {

@@ -8,6 +8,7 @@
 class QLabel;
 class QLineEdit;
 class QPushButton;
+class Form2;
 class Sol1;
 namespace controles { class ComboBox; }
 
@@ -36,6 +37,8 @@ public:
     controles::FechaTextBox Fecha;
     // The list that opened this screen, refreshed after a change; may be null.
     Sol1* Lista = nullptr;
+    // The titles screen below this one when the head is edited from there; may be null.
+    Form2* Titulos = nullptr;
 
     void Form_Load();
     void Form_Activate();

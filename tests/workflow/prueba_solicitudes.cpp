@@ -1,70 +1,23 @@
 // The request list and the request editor: the list as the statement fills it, the filter on the state,
 // the buttons, the delete cascade, the number proposed for a new request, and both ways of saving a head.
+#include "ayuda_flujo.h"
+
 #include "workflow/Registro.h"
 #include "workflow/Sol1.h"
 #include "workflow/Sol_Edi.h"
-
-#include "core/Esquema.h"
 #include "core/FormPrincipal.h"
-#include "core/Globales.h"
 #include "core/controles/ComboBox.h"
-#include "core/controles/ListView.h"
-#include "core/dao/Dao.h"
-#include "core/ui/PlataformaPrueba.h"
 #include "core/vb/Conversion.h"
-
 #include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QRadioButton>
-#include <QTemporaryDir>
-#include <gtest/gtest.h>
-#include <memory>
-#include <ostream>
-
-inline void PrintTo(const QString& s, std::ostream* os) { *os << '"' << s.toStdString() << '"'; }
 
 namespace {
 
-class PruebaSolicitudes : public ::testing::Test {
+class PruebaSolicitudes : public PruebaFlujo {
 protected:
-    QTemporaryDir dir;
-    ui::PlataformaPrueba* sistema = nullptr;
-
-    void SetUp() override {
-        auto p = std::make_unique<ui::PlataformaPrueba>();
-        sistema = p.get();
-        ui::InstalaPlataforma(std::move(p));
-        auto db = dao::Database::CreateDatabase(dir.filePath(QStringLiteral("KORVEL8.mdb")));
-        esquema::CreaTablas(*db);
-        globales::BaseDatos = std::move(db);
-        globales::LoginAnalista = QStringLiteral("ana");
-        globales::EtiquetaEscuela = QStringLiteral("Escuela");
-        globales::NombreBiblioteca = QStringLiteral("Biblioteca");
-        // Leftovers of another screen must not leak into the statements.
-        globales::Consulta.Clave = QStringLiteral("Nombre");
-        globales::Consulta.Valor = QStringLiteral("'x'");
-        globales::Consulta.Tabla = QStringLiteral("Editoriales");
-
-        Ejecuta("INSERT INTO Bibliotecas ([No], Nombre) VALUES (1, 'Central')");
-        Ejecuta("INSERT INTO Bibliotecas ([No], Nombre) VALUES (2, 'Norte')");
-        Ejecuta("INSERT INTO Escuelas ([No], Nombre, NoBiblioteca) VALUES (3, 'Ingeniería', 1)");
-        Ejecuta("INSERT INTO Escuelas ([No], Nombre, NoBiblioteca) VALUES (4, 'Artes', 1)");
-        Ejecuta("INSERT INTO Escuelas ([No], Nombre, NoBiblioteca) VALUES (5, 'Medicina', 2)");
-    }
-    void TearDown() override { globales::BaseDatos.reset(); }
-
-    void Ejecuta(const char* sql) { globales::Base().Execute(QString::fromUtf8(sql), dao::dbFailOnError); }
-    QString Valor(const QString& sql) {
-        auto rs = globales::Base().OpenRecordset(sql);
-        if (rs->Eof()) return QString();
-        const vb::Variant v = rs->Fields(0).Value();
-        return v.isNull() ? QStringLiteral("NULL") : v.text();
-    }
-    int Cuenta(const char* tabla) {
-        return Valor(QStringLiteral("SELECT Count(*) FROM ") + QString::fromUtf8(tabla)).toInt();
-    }
     void TresSolicitudes() {
         Ejecuta("INSERT INTO [Solicitudes General] (NoSolicitud, Fecha, Solicitante, NoEscuela, NoBiblioteca, Estado) "
                 "VALUES (1, #2024/03/05#, 'Luis', 3, 1, 'S')");
@@ -72,11 +25,6 @@ protected:
                 "VALUES (2, #2024/04/10#, 'Marta', 5, 2, 'P')");
         Ejecuta("INSERT INTO [Solicitudes General] (NoSolicitud, Fecha, Solicitante, NoEscuela, NoBiblioteca, Estado) "
                 "VALUES (7, #2024/05/01#, 'Eva', 9, NULL, 'R')");
-    }
-    static QStringList Textos(controles::ListView& l) {
-        QStringList r;
-        for (int i = 1; i <= l.ListItems().Count(); ++i) r << l.ListItems()(i).Text();
-        return r;
     }
 };
 

@@ -1,0 +1,69 @@
+#pragma once
+// The set-up the workflow suites share: a fresh database with its schema, the scripted platform, an analyst
+// at work, two libraries and three schools; and the small readers the tests use to look at the rows.
+#include "core/Esquema.h"
+#include "core/Globales.h"
+#include "core/controles/ListView.h"
+#include "core/dao/Dao.h"
+#include "core/ui/PlataformaPrueba.h"
+
+#include <QTemporaryDir>
+#include <gtest/gtest.h>
+#include <memory>
+#include <ostream>
+
+inline void PrintTo(const QString& s, std::ostream* os) { *os << '"' << s.toStdString() << '"'; }
+
+class PruebaFlujo : public ::testing::Test {
+protected:
+    QTemporaryDir dir;
+    ui::PlataformaPrueba* sistema = nullptr;
+
+    void SetUp() override {
+        auto p = std::make_unique<ui::PlataformaPrueba>();
+        sistema = p.get();
+        ui::InstalaPlataforma(std::move(p));
+        auto db = dao::Database::CreateDatabase(dir.filePath(QStringLiteral("KORVEL8.mdb")));
+        esquema::CreaTablas(*db);
+        globales::BaseDatos = std::move(db);
+        globales::LoginAnalista = QStringLiteral("ana");
+        globales::EtiquetaEscuela = QStringLiteral("Escuela");
+        globales::NombreBiblioteca = QStringLiteral("Biblioteca");
+        // Leftovers of another screen must not leak into the statements.
+        globales::Consulta.Clave = QStringLiteral("Nombre");
+        globales::Consulta.Valor = QStringLiteral("'x'");
+        globales::Consulta.Tabla = QStringLiteral("Editoriales");
+        globales::NavModo = 0;
+        globales::TitModo = 0;
+        globales::HuboCambiosNumAdq = false;
+        globales::DesdeListadoEjemplares = false;
+
+        Ejecuta("INSERT INTO Bibliotecas ([No], Nombre) VALUES (1, 'Central')");
+        Ejecuta("INSERT INTO Bibliotecas ([No], Nombre) VALUES (2, 'Norte')");
+        Ejecuta("INSERT INTO Escuelas ([No], Nombre, NoBiblioteca) VALUES (3, 'Ingeniería', 1)");
+        Ejecuta("INSERT INTO Escuelas ([No], Nombre, NoBiblioteca) VALUES (4, 'Artes', 1)");
+        Ejecuta("INSERT INTO Escuelas ([No], Nombre, NoBiblioteca) VALUES (5, 'Medicina', 2)");
+    }
+    void TearDown() override { globales::BaseDatos.reset(); }
+
+    void Ejecuta(const char* sql) { globales::Base().Execute(QString::fromUtf8(sql), dao::dbFailOnError); }
+    void Ejecuta(const QString& sql) { globales::Base().Execute(sql, dao::dbFailOnError); }
+    // The first column of the first row, "NULL" for Null, "" when there is no row.
+    QString Valor(const QString& sql) {
+        auto rs = globales::Base().OpenRecordset(sql);
+        if (rs->Eof()) return QString();
+        const vb::Variant v = rs->Fields(0).Value();
+        return v.isNull() ? QStringLiteral("NULL") : v.text();
+    }
+    QString Valor(const char* sql) { return Valor(QString::fromUtf8(sql)); }
+    int Cuenta(const char* tabla) {
+        return Valor(QStringLiteral("SELECT Count(*) FROM ") + QString::fromUtf8(tabla)).toInt();
+    }
+    static QStringList Textos(controles::ListView& l) {
+        QStringList r;
+        for (int i = 1; i <= l.ListItems().Count(); ++i) r << l.ListItems()(i).Text();
+        return r;
+    }
+    // The document last completed in any view.
+    QString UltimoDocumento() const { return sistema->documentos.isEmpty() ? QString() : sistema->documentos.back(); }
+};

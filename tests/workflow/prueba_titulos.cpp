@@ -1,0 +1,265 @@
+// The titles of a request: the list and the head page, adding and changing a title, deleting one, and what
+// leaving the screen does to the titles' state and to a request left without titles.
+#include "ayuda_flujo.h"
+
+#include "core/controles/ComboBox.h"
+#include "workflow/Form2.h"
+#include "workflow/Sol1.h"
+#include "workflow/Sol_Edi.h"
+#include "workflow/Sol_Libros.h"
+
+#include <QGroupBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+
+namespace {
+
+class PruebaTitulos : public PruebaFlujo {
+protected:
+    void SetUp() override {
+        PruebaFlujo::SetUp();
+        Ejecuta("INSERT INTO Editoriales ([No], Nombre) VALUES (12, 'Planeta')");
+        Ejecuta("INSERT INTO Editoriales ([No], Nombre) VALUES (40, 'Trillas')");
+        Ejecuta("INSERT INTO [Solicitudes General] (NoSolicitud, Fecha, Solicitante, NoEscuela, NoBiblioteca, Estado) "
+                "VALUES (8, #2024/03/05#, 'Luis', 3, 1, 'S')");
+        Ejecuta("INSERT INTO [Solicitudes Libros] (ClaveLibro, NoSolicitud, Titulo, Autor, NoEditorial, Edicion, "
+                "[Ejemplares Pedidos], Estado, ISBN) VALUES (20, 8, 'Cálculo', 'Stewart', 12, 3, 2, 'P', '970-1')");
+        Ejecuta("INSERT INTO [Solicitudes Libros] (ClaveLibro, NoSolicitud, Titulo, [Ejemplares Pedidos], Estado) "
+                "VALUES (21, 8, 'Física', 1, NULL)");
+        globales::NavCampo = QStringLiteral("NoSolicitud");
+        globales::NavValor = vb::Variant(QStringLiteral("8"));
+        globales::NavModo = 2;
+    }
+    QString Estados() {
+        QStringList r;
+        auto rs = globales::Base().OpenRecordset(
+            QStringLiteral("SELECT Estado FROM [Solicitudes Libros] WHERE NoSolicitud=8 ORDER BY ClaveLibro"));
+        for (; !rs->Eof(); rs->MoveNext()) r << rs->Fields(0).Value().text();
+        return r.join(u',');
+    }
+};
+
+TEST_F(PruebaTitulos, ListaYEncabezadoDeLaSolicitud) {
+    Form2 f;
+    f.Form_Load();
+    controles::ListView& l = *f.ListView1;
+    ASSERT_EQ(l.ColumnHeaders().Count(), 8);
+    EXPECT_EQ(l.ColumnHeaders()(2).Text(), QStringLiteral("Título"));
+    EXPECT_EQ(l.ColumnHeaders()(6).Text(), QStringLiteral("Edición"));
+    EXPECT_EQ(Textos(l), (QStringList{QStringLiteral("020"), QStringLiteral("021")}));
+    EXPECT_EQ(l.ListItems()(1).SubItems(4), QStringLiteral("Planeta"));   // the publisher by name
+    EXPECT_EQ(l.ListItems()(1).SubItems(6), QStringLiteral("P"));
+    EXPECT_EQ(l.ListItems()(2).SubItems(4), QString());                   // no publisher: the row stays
+    EXPECT_EQ(f.Frame1->title(), QStringLiteral("Títulos incluidos en la solicitud: 2"));
+    EXPECT_TRUE(f.Command2->isEnabled());
+
+    const QString pagina = UltimoDocumento();
+    EXPECT_TRUE(pagina.startsWith(QStringLiteral("<HTML><HEAD><STYLE type='text/css'>table {font-family:tahoma")));
+    EXPECT_TRUE(pagina.contains(QStringLiteral("<td class=td1>Fecha: </td><td>05/mar/2024</td>"))) << pagina.toStdString();
+    EXPECT_TRUE(pagina.contains(QStringLiteral("<td class=td1>Escuela: </td><td>Ingeniería</td>")));
+    EXPECT_TRUE(pagina.contains(QStringLiteral("<td class=td1>Biblioteca: </td><td>Central</td>")));
+    EXPECT_TRUE(pagina.contains(QStringLiteral("<td class=td1>Solicitante: </td><td>Luis</td>")));
+}
+
+TEST_F(PruebaTitulos, SinTitulosBotonesApagadosYCabezaDesdeLaLista) {
+    Ejecuta("DELETE FROM [Solicitudes Libros]");
+    Sol1 lista;
+    lista.Form_Load();
+    lista.ListView1->ListItems()(1).setSelected(true);
+    globales::NavModo = 1;
+    Form2 f;
+    f.Lista = &lista;
+    f.Form_Load();
+    EXPECT_EQ(f.ListView1->ListItems().Count(), 0);
+    EXPECT_EQ(f.Frame1->title(), QStringLiteral("Títulos incluidos en la solicitud: 0"));
+    EXPECT_FALSE(f.Command2->isEnabled());
+    EXPECT_FALSE(f.Command3->isEnabled());
+    // Coming from the list the head is the row chosen there.
+    EXPECT_TRUE(UltimoDocumento().contains(QStringLiteral("<td>Luis</td>")));
+    EXPECT_TRUE(UltimoDocumento().contains(QStringLiteral("<td>05/mar/2024</td>")));
+}
+
+TEST_F(PruebaTitulos, RegresarDevuelveLosTitulosASolicitadoMientrasNoSePida) {
+    {
+        Form2 f;
+        f.Form_Load();
+        f.Command4_Click();
+        EXPECT_FALSE(f.isVisible());
+    }
+    EXPECT_EQ(Estados(), QStringLiteral("S,S"));
+
+    // Once ordered the states stay as they are.
+    Ejecuta("UPDATE [Solicitudes General] SET FechaPedido=#2024/04/01# WHERE NoSolicitud=8");
+    Ejecuta("UPDATE [Solicitudes Libros] SET Estado='P'");
+    Form2 f;
+    f.Form_Load();
+    f.Command4_Click();
+    EXPECT_EQ(Estados(), QStringLiteral("P,P"));
+    EXPECT_TRUE(sistema->cajas.empty());
+}
+
+TEST_F(PruebaTitulos, SolicitudSinTitulosSeBorraSoloSiElUsuarioAcepta) {
+    Ejecuta("DELETE FROM [Solicitudes Libros]");
+    Form2 f;
+    f.Form_Load();
+    f.show();
+    sistema->Responde({ui::vbNo});
+    f.Command4_Click();
+    ASSERT_EQ(sistema->cajas.size(), 1u);
+    EXPECT_EQ(sistema->cajas[0].texto,
+              QStringLiteral("La solicitud no tiene ningún libro, por lo cual, si sale, se borrará, ¿Desea salir de todas maneras?"));
+    EXPECT_EQ(sistema->cajas[0].titulo, QStringLiteral("Precaución"));
+    EXPECT_EQ(sistema->cajas[0].flags, ui::vbYesNo);
+    EXPECT_TRUE(f.isVisible());
+    EXPECT_EQ(Cuenta("[Solicitudes General]"), 1);
+
+    sistema->Responde({ui::vbYes});
+    f.Command4_Click();
+    EXPECT_FALSE(f.isVisible());
+    EXPECT_EQ(Cuenta("[Solicitudes General]"), 0);
+}
+
+TEST_F(PruebaTitulos, DesdeLaListaRegresarNoTocaNada) {
+    Ejecuta("DELETE FROM [Solicitudes Libros]");
+    globales::NavModo = 1;
+    Form2 f;
+    f.Form_Load();
+    f.Command4_Click();
+    EXPECT_TRUE(sistema->cajas.empty());
+    EXPECT_EQ(Cuenta("[Solicitudes General]"), 1);
+}
+
+TEST_F(PruebaTitulos, BorrarTituloConservaSusNumerosDeAdquisicion) {
+    Ejecuta("INSERT INTO [Adquisiciones Numadqui] (NoAdquisicion, ClaveLibro, [Solicitud o donacion]) VALUES ('000314', 20, 'S')");
+    Form2 f;
+    f.Form_Load();
+    f.ListView1->ListItems()(1).setSelected(true);
+    sistema->Responde({ui::vbNo});
+    f.Command3_Click();
+    EXPECT_EQ(Cuenta("[Solicitudes Libros]"), 2);
+    f.Command3_Click();   // the next answer is the first button: Yes
+    EXPECT_EQ(sistema->cajas.back().texto, QStringLiteral("¿Está seguro que desea borrar el ejemplar?"));
+    EXPECT_EQ(sistema->cajas.back().titulo, QStringLiteral("Precaución"));
+    EXPECT_EQ(Cuenta("[Solicitudes Libros]"), 1);
+    EXPECT_EQ(Cuenta("[Adquisiciones Numadqui]"), 1);
+    EXPECT_EQ(f.Frame1->title(), QStringLiteral("Títulos incluidos en la solicitud: 1"));
+}
+
+TEST_F(PruebaTitulos, AgregarTituloConValidacionesYValoresPorOmision) {
+    Form2 f;
+    f.Form_Load();
+    QString titulo, estado;
+    sistema->AlMostrar(QStringLiteral("Sol_Libros"), [&](QDialog& d) {
+        auto& s = static_cast<Sol_Libros&>(d);
+        titulo = s.windowTitle();
+        estado = s.LblEstadoLibro->text();
+        s.Text5->setText(QStringLiteral("2"));
+        s.Command1_Click();                                   // no title
+        s.Text3->setText(QStringLiteral("El arte d'escribir"));
+        s.Text5->setText(QStringLiteral("0"));
+        s.Command1_Click();                                   // no copies
+        s.Text5->setText(QStringLiteral("3"));
+        s.Combo1->setListIndex(1);                            // "Trillas" by name order
+        s.Command1_Click();
+    });
+    f.Command1_Click();
+    EXPECT_EQ(titulo, QStringLiteral("Agregando nuevo libro a solicitud"));
+    EXPECT_EQ(estado, QStringLiteral("Solicitado"));
+    ASSERT_EQ(sistema->cajas.size(), 2u);
+    EXPECT_EQ(sistema->cajas[0].texto, QStringLiteral("No ha introducido un título, favor de ingresarlo y volver a intentar"));
+    EXPECT_EQ(sistema->cajas[0].titulo, QStringLiteral("Precaución"));
+    EXPECT_EQ(sistema->cajas[1].texto,
+              QStringLiteral("El número de ejemplares tiene un dato incorrecto, favor de modificarlo y volver a intentar"));
+    EXPECT_EQ(Valor("SELECT Titulo & '|' & Edicion & '|' & NoEditorial & '|' & [Ejemplares Pedidos] & '|' & Estado "
+                    "FROM [Solicitudes Libros] WHERE ClaveLibro > 21"),
+              QStringLiteral("El arte d'escribir|0|40|3|S"));
+    // The list below shows the new title at once.
+    EXPECT_EQ(f.ListView1->ListItems().Count(), 3);
+}
+
+TEST_F(PruebaTitulos, SinEditorialSeGrabaCero) {
+    Form2 f;
+    f.Form_Load();
+    sistema->AlMostrar(QStringLiteral("Sol_Libros"), [&](QDialog& d) {
+        auto& s = static_cast<Sol_Libros&>(d);
+        s.Text3->setText(QStringLiteral("Óptica"));
+        s.Text5->setText(QStringLiteral("1"));
+        s.Command1_Click();
+        EXPECT_EQ(s.Text2->text(), QStringLiteral("0"));
+    });
+    f.Command1_Click();
+    EXPECT_EQ(Valor("SELECT NoEditorial FROM [Solicitudes Libros] WHERE Titulo='Óptica'"), QStringLiteral("0"));
+}
+
+TEST_F(PruebaTitulos, ModificarConservaElEstadoYDaSolicitadoAlVacio) {
+    Form2 f;
+    f.Form_Load();
+    QString etiqueta, editorial;
+    sistema->AlMostrar(QStringLiteral("Sol_Libros"), [&](QDialog& d) {
+        auto& s = static_cast<Sol_Libros&>(d);
+        etiqueta = s.LblEstadoLibro->text();
+        editorial = s.Combo1->Text();
+        EXPECT_EQ(s.windowTitle(), QStringLiteral("Modificando datos del libro"));
+        s.Text4->setText(QStringLiteral("J. Stewart"));
+        s.Command1_Click();
+    });
+    f.ListView1->ListItems()(1).setSelected(true);
+    f.Command2_Click();
+    EXPECT_EQ(etiqueta, QStringLiteral("Pedido"));
+    EXPECT_TRUE(editorial.contains(QStringLiteral("Planeta")));   // the publisher's number selects its item
+    EXPECT_EQ(Valor("SELECT Autor & '|' & Estado & '|' & Edicion FROM [Solicitudes Libros] WHERE ClaveLibro=20"),
+              QStringLiteral("J. Stewart|P|3"));
+
+    sistema->AlMostrar(QStringLiteral("Sol_Libros"), [&](QDialog& d) {
+        auto& s = static_cast<Sol_Libros&>(d);
+        etiqueta = s.LblEstadoLibro->text();
+        s.Command1_Click();
+    });
+    f.ListView1->ListItems()(2).setSelected(true);
+    f.Command2_Click();
+    EXPECT_EQ(etiqueta, QStringLiteral("Solicitado"));
+    EXPECT_EQ(Valor("SELECT Estado FROM [Solicitudes Libros] WHERE ClaveLibro=21"), QStringLiteral("S"));
+}
+
+TEST_F(PruebaTitulos, ApostrofoEnIsbnSeInformaComoFallo) {
+    Form2 f;
+    f.Form_Load();
+    sistema->AlMostrar(QStringLiteral("Sol_Libros"), [&](QDialog& d) {
+        auto& s = static_cast<Sol_Libros&>(d);
+        s.Text3->setText(QStringLiteral("Química"));
+        s.Text5->setText(QStringLiteral("1"));
+        s.TxtISBN->setText(QStringLiteral("84'2"));
+        s.Command1_Click();
+    });
+    f.Command1_Click();
+    ASSERT_FALSE(sistema->cajas.empty());
+    EXPECT_EQ(sistema->cajas.back().texto, QStringLiteral("Los datos del libro no se han podido grabar"));
+    EXPECT_EQ(sistema->cajas.back().titulo, QStringLiteral("Error"));
+    EXPECT_EQ(Cuenta("[Solicitudes Libros]"), 2);
+}
+
+TEST_F(PruebaTitulos, NuevaSolicitudPasaASusTitulos) {
+    Sol1 lista;
+    lista.Form_Load();
+    bool titulosAbiertos = false;
+    sistema->AlMostrar(QStringLiteral("Form2"), [&](QDialog& d) {
+        auto& t = static_cast<Form2&>(d);
+        titulosAbiertos = true;
+        EXPECT_EQ(globales::NavValor.text(), QStringLiteral("9"));
+        EXPECT_EQ(t.Frame1->title(), QStringLiteral("Títulos incluidos en la solicitud: 0"));
+        EXPECT_TRUE(UltimoDocumento().contains(QStringLiteral("<td>Marta</td>")));
+    });
+    sistema->AlMostrar(QStringLiteral("Sol_Edi"), [&](QDialog& d) {
+        auto& e = static_cast<Sol_Edi&>(d);
+        e.Text3->setText(QStringLiteral("Marta"));
+        e.Text5->setText(QStringLiteral("1"));
+        e.Text4->setText(QStringLiteral("3"));
+        e.Command1_Click();
+    });
+    lista.Command1_Click();
+    EXPECT_TRUE(titulosAbiertos);
+    EXPECT_EQ(sistema->modales, (QStringList{QStringLiteral("Sol_Edi"), QStringLiteral("Form2")}));
+}
+
+}  // namespace
