@@ -67,10 +67,17 @@ void ColumnHeader::setText(const QString& texto) {
     lista_.headerItem()->setText(columna_, texto);
 }
 
-int ColumnHeader::Width() const { return lista_.header()->sectionSize(columna_) * TwipsPorPixel; }
+double ListView::PixelesPorTwip() const {
+    const double escala = std::max(1.0, fontMetrics().averageCharWidth() / 5.0);
+    return escala / TwipsPorPixel;
+}
+
+int ColumnHeader::Width() const {
+    return static_cast<int>(std::lround(lista_.header()->sectionSize(columna_) / lista_.PixelesPorTwip()));
+}
 
 void ColumnHeader::setWidth(int twips) {
-    lista_.header()->resizeSection(columna_, static_cast<int>(std::lround(static_cast<double>(std::max(twips, 0)) / TwipsPorPixel)));
+    lista_.header()->resizeSection(columna_, static_cast<int>(std::lround(std::max(twips, 0) * lista_.PixelesPorTwip())));
 }
 
 void ColumnHeader::setAlignment(int alineacion) {

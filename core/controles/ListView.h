@@ -12,7 +12,7 @@ namespace controles {
 
 class ListView;
 
-// Widths are given in twips; the screen shows 15 twips to a pixel.
+// Widths are given in twips; the screen shows 15 twips to a pixel at the font the screens were laid out for.
 constexpr int TwipsPorPixel = 15;
 
 class ColumnHeader {
@@ -110,6 +110,10 @@ public:
     enum : int { lvwColumnLeft = 0, lvwColumnRight = 1, lvwColumnCenter = 2 };
     // The extended styles a screen switches on with LVM_SETEXTENDEDLISTVIEWSTYLE.
     enum : int { LVS_EX_GRIDLINES = 1, LVS_EX_CHECKBOXES = 4, LVS_EX_FULLROWSELECT = 32 };
+
+    // Column widths are given in twips for the small 8-point face the screens were laid out with, about five
+    // pixels a character at 15 twips a pixel; a wider font widens the columns in proportion, never narrows them.
+    double PixelesPorTwip() const;
 
     explicit ListView(QWidget* padre = nullptr);
     ~ListView() override;
