@@ -10,7 +10,6 @@
 #include "reports/Reportes.h"
 
 #include <QEvent>
-#include <QFile>
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
@@ -404,10 +403,7 @@ void Listado::Command2_Click() {
     } else {
         return;
     }
-    QFile archivo(d.archivo);
-    if (!archivo.open(QIODevice::WriteOnly | QIODevice::Truncate))
-        throw vb::Error(75, QStringLiteral("Error de acceso a la ruta o el archivo"));
-    archivo.write(vb::Windows1252(texto + saltoLinea));
+    vb::PrintArchivo(d.archivo, texto);
 }
 
 void Listado::Command3_Click() {

@@ -175,8 +175,13 @@ QString Htm_gen(const QString& xml, ui::VistaHtml& navegador, const QString& hoj
         int largo = 0;
         if (xsltSaveResultToString(&texto, &largo, resultado.get(), estilo.get()) != 0)
             ErrorXml(QStringLiteral("no se pudo escribir el resultado"));
-        const QString html = texto ? QString::fromUtf8(reinterpret_cast<const char*>(texto), largo) : QString();
+        QString html = texto ? QString::fromUtf8(reinterpret_cast<const char*>(texto), largo) : QString();
         xmlFree(texto);
+        // The page is saved in the system's code page; its declaration says so, or a saved page shows
+        // its accents garbled.
+        const qsizetype declaracion = html.indexOf(QStringLiteral("charset=UTF-8"), 0, Qt::CaseInsensitive);
+        if (declaracion >= 0 && declaracion < html.indexOf(QStringLiteral("</head>"), 0, Qt::CaseInsensitive))
+            html.replace(declaracion, 13, QStringLiteral("charset=windows-1252"));
 
         ui::EsperaVista(navegador);
         navegador.DocumentOpen();

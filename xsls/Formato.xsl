@@ -2,62 +2,51 @@
 <!-- KORVEL 8 Adquisiciones: pedido de material bibliográfico -->
 <xsl:stylesheet version="1.0" xmlns:xsl="http://www.w3.org/1999/XSL/Transform">
   <xsl:output method="html" encoding="UTF-8" indent="yes"/>
-  <!-- Column names are compared without regard to case: the query decides how they are written. -->
-  <xsl:variable name="may" select="'ABCDEFGHIJKLMNOPQRSTUVWXYZ'"/>
-  <xsl:variable name="min" select="'abcdefghijklmnopqrstuvwxyz'"/>
+  <!-- An order may hold thousands of titles: the rows go in tables of this many, so that the view lays out
+       the first screenful at once, and the borders are the tables' own rather than a style on every cell. -->
+  <xsl:variable name="filas" select="100"/>
 
   <xsl:template match="/">
     <html>
       <head>
         <title>Pedido de material bibliográfico</title>
-        <style type="text/css">
-body { margin: 8px; font-family: Tahoma, Verdana, Arial, sans-serif; font-size: 9pt; color: #000; background: #fff; }
-h3 { font-size: 12pt; margin: 4px 0; }
-h4 { font-size: 10pt; margin: 10px 0 4px 0; }
-p.periodo { margin: 0 0 6px 0; }
-table { border-collapse: collapse; width: 100%; font-size: 8pt; }
-th, td { border: 1px solid #808080; padding: 2px 4px; vertical-align: top; text-align: left; }
-th { background: #e0e0e0; }
-td.num { text-align: right; }
-p.totales { font-weight: bold; margin: 6px 0; }
-        </style>
+        <style type="text/css">body { font-family: Tahoma, Verdana, Arial, sans-serif; font-size: 9pt; }</style>
       </head>
       <body>
         <h3>Pedido de material bibliográfico</h3>
-        <p class="periodo">Periodo: del <xsl:value-of select="/*/@fechaInicial"/> al <xsl:value-of select="/*/@fechaFinal"/>.
+        <p>Periodo: del <xsl:value-of select="/*/@fechaInicial"/> al <xsl:value-of select="/*/@fechaFinal"/>.
           Fecha del reporte: <xsl:value-of select="/*/@fechaReporte"/></p>
         <xsl:for-each select="/*">
-          <xsl:call-template name="tabla"/>
-          <xsl:call-template name="totales"/>
+          <xsl:for-each select="*[position() mod $filas = 1]">
+            <table border="1" cellspacing="0" cellpadding="2" width="100%">
+              <xsl:if test="position() = 1">
+                <tr bgcolor="#e0e0e0"><th>Clave</th><th>Solicitud</th><th>Título</th><th>ISBN</th><th>Autor</th><th>Ejemplares</th><th>Editorial</th><th>Edición</th></tr>
+              </xsl:if>
+              <!-- Elements by name; a column spelled two ways by the schema is asked for both ways. -->
+              <xsl:for-each select=". | following-sibling::*[position() &lt; $filas]">
+                <tr>
+                  <td align="right"><xsl:value-of select="ClaveLibro|Clavelibro"/></td>
+                  <td align="right"><xsl:value-of select="Solicitud"/></td>
+                  <td><xsl:value-of select="Titulo"/></td>
+                  <td><xsl:value-of select="ISBN|Isbn"/></td>
+                  <td><xsl:value-of select="Autor"/></td>
+                  <td align="right"><xsl:value-of select="EjemplaresPedidos|Ejemplarespedidos"/></td>
+                  <td><xsl:value-of select="Editorial"/></td>
+                  <td align="right"><xsl:value-of select="Edicion"/></td>
+                </tr>
+              </xsl:for-each>
+            </table>
+          </xsl:for-each>
+          <xsl:if test="not(*)">
+            <table border="1" cellspacing="0" cellpadding="2" width="100%">
+              <tr bgcolor="#e0e0e0"><th>Clave</th><th>Solicitud</th><th>Título</th><th>ISBN</th><th>Autor</th><th>Ejemplares</th><th>Editorial</th><th>Edición</th></tr>
+              <tr><td colspan="8">No hay material en este pedido.</td></tr>
+            </table>
+          </xsl:if>
+          <p><b>Ejemplares pedidos: <xsl:value-of select="@Registros"/>
+            <xsl:if test="@NumTitulos">. Títulos: <xsl:value-of select="@NumTitulos"/></xsl:if></b></p>
         </xsl:for-each>
       </body>
     </html>
-  </xsl:template>
-
-  <!-- The records of one report: a header row, one row each, and a notice when there are none. -->
-  <xsl:template name="tabla">
-    <table>
-      <tr><th>Clave</th><th>Solicitud</th><th>Título</th><th>ISBN</th><th>Autor</th><th>Ejemplares</th><th>Editorial</th><th>Edición</th></tr>
-      <xsl:for-each select="*">
-        <tr>
-          <td class="num"><xsl:value-of select="*[translate(local-name(), $may, $min) = 'clavelibro']"/></td>
-          <td class="num"><xsl:value-of select="*[translate(local-name(), $may, $min) = 'solicitud']"/></td>
-          <td><xsl:value-of select="*[translate(local-name(), $may, $min) = 'titulo']"/></td>
-          <td><xsl:value-of select="*[translate(local-name(), $may, $min) = 'isbn']"/></td>
-          <td><xsl:value-of select="*[translate(local-name(), $may, $min) = 'autor']"/></td>
-          <td class="num"><xsl:value-of select="*[translate(local-name(), $may, $min) = 'ejemplarespedidos']"/></td>
-          <td><xsl:value-of select="*[translate(local-name(), $may, $min) = 'editorial']"/></td>
-          <td class="num"><xsl:value-of select="*[translate(local-name(), $may, $min) = 'edicion']"/></td>
-        </tr>
-      </xsl:for-each>
-      <xsl:if test="not(*)">
-        <tr><td colspan="8">No hay material en este periodo.</td></tr>
-      </xsl:if>
-    </table>
-  </xsl:template>
-
-  <xsl:template name="totales">
-    <p class="totales">Ejemplares pedidos: <xsl:value-of select="@Registros"/>
-      <xsl:if test="@NumTitulos">. Títulos: <xsl:value-of select="@NumTitulos"/></xsl:if></p>
   </xsl:template>
 </xsl:stylesheet>

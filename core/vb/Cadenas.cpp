@@ -2,6 +2,8 @@
 
 #include "core/vb/Error.h"
 
+#include <QFile>
+
 namespace vb {
 
 namespace {
@@ -92,6 +94,13 @@ QByteArray Windows1252(const QString& texto) {
     r.reserve(texto.size());
     for (const QChar c : texto) r.append(static_cast<char>(Asc(QString(c))));
     return r;
+}
+
+void PrintArchivo(const QString& ruta, const QString& texto) {
+    QFile archivo(ruta);
+    if (!archivo.open(QIODevice::WriteOnly | QIODevice::Truncate) ||
+        archivo.write(Windows1252(texto + QStringLiteral("\r\n"))) < 0 || !archivo.flush())
+        throw Error(75, QStringLiteral("Error de acceso a la ruta o el archivo"));
 }
 
 }  // namespace vb

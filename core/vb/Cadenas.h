@@ -26,4 +26,8 @@ int Asc(const QString& s);          // first character to its Windows-1252 code;
 // Text in the system's single-byte code page (Windows-1252); what it lacks becomes "?".
 QByteArray Windows1252(const QString& texto);
 
+// Open <ruta> For Output, Print # the text, Close: the file holds the text and a line end, in Windows-1252.
+// Error 75 when the file can't be written.
+void PrintArchivo(const QString& ruta, const QString& texto);
+
 }  // namespace vb

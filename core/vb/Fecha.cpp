@@ -9,7 +9,9 @@ namespace vb {
 
 namespace {
 
-const QDate CeroFecha(1899, 12, 30);
+// Day 0 of the language's dates, 30 December 1899. A constant expression: other files' statics are built
+// from it before this file's own initialisers would run.
+constexpr QDate CeroFecha = QDate::fromJulianDay(2415019);
 constexpr qint64 SegundosDia = 86400;
 // 01/01/100 and 31/12/9999, the runtime's limits, as serials.
 constexpr double SerialMinimo = -657434.0;
