@@ -3,6 +3,7 @@
 #include "core/FormPrincipal.h"
 #include "core/ui/Plataforma.h"
 #include "workflow/Ped1.h"
+#include "workflow/Recep.h"
 #include "workflow/Sol1.h"
 
 namespace flujo {
@@ -22,6 +23,7 @@ void RegistraModal(const QString& comando) {
 void RegistraComandos() {
     RegistraModal<Sol1>(QStringLiteral("Solicitudes"));
     RegistraModal<Ped1>(QStringLiteral("Pedidos"));
+    RegistraModal<Recep>(QStringLiteral("Recepcion"));
 }
 
 }  // namespace flujo

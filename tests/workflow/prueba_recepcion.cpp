@@ -1,0 +1,389 @@
+// Reception: the order list and its two filters, closing or reopening an order, marking a title as not
+// received, and the reception of one title with its accession numbers (the guards on the count, duplicates,
+// the stepping of the next number, deleting, and how leaving settles the title).
+#include "ayuda_flujo.h"
+
+#include "core/vb/Formato.h"
+#include "workflow/Recep.h"
+#include "workflow/Recep_Generales.h"
+#include "workflow/Recep_Libros.h"
+#include <QApplication>
+#include <QGroupBox>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QSignalBlocker>
+
+namespace {
+
+class PruebaRecepcion : public PruebaFlujo {
+protected:
+    void Pedido(int n, const char* estado) {
+        Ejecuta(QStringLiteral("INSERT INTO [Solicitudes General] (NoSolicitud, Fecha, Solicitante, NoEscuela, NoBiblioteca, "
+                               "Estado, FechaRecepcion) VALUES (%1, #2024/04/10#, 'Marta', 5, 2, '%2', #2024/05/01#)")
+                    .arg(n).arg(QLatin1String(estado)));
+    }
+    void Titulo(int clave, int pedido, const char* estado, const char* recibidos = "NULL", const char* costo = "NULL") {
+        Ejecuta(QStringLiteral("INSERT INTO [Solicitudes Libros] (ClaveLibro, NoSolicitud, Titulo, Autor, [Ejemplares Pedidos], "
+                               "Estado, [Ejemplares Recibidos], Costo) VALUES (%1, %2, 'Álgebra', 'Baldor', 3, '%3', %4, %5)")
+                    .arg(clave).arg(pedido).arg(QLatin1String(estado), QLatin1String(recibidos), QLatin1String(costo)));
+    }
+    void Numero(const char* numero, int clave, const char* lado = "S") {
+        Ejecuta(QStringLiteral("INSERT INTO [Adquisiciones Numadqui] (NoAdquisicion, ClaveLibro, [Solicitud o donacion]) "
+                               "VALUES ('%1', %2, '%3')").arg(QLatin1String(numero)).arg(clave).arg(QLatin1String(lado)));
+    }
+    std::unique_ptr<Recep_Libros> Libros(int clave) {
+        globales::TitValor = vb::Variant(QString::number(clave));
+        auto f = std::make_unique<Recep_Libros>();
+        f->Form_Load();
+        return f;
+    }
+    std::unique_ptr<Recep_Generales> Generales(int pedido) {
+        globales::NavValor = vb::Variant(QString::number(pedido));
+        auto f = std::make_unique<Recep_Generales>();
+        f->Form_Load();
+        return f;
+    }
+    // Types into a field key by key, as the analyst does, through the field's filters.
+    static void Teclea(QLineEdit* campo, const QString& texto) {
+        for (const QChar ch : texto) {
+            QKeyEvent e(QEvent::KeyPress, ch.isDigit() ? Qt::Key_0 + ch.digitValue() : Qt::Key_A, Qt::NoModifier, QString(ch));
+            QApplication::sendEvent(campo, &e);
+        }
+    }
+    static void Agrega(Recep_Libros& f, const QString& numero) {
+        f.Text6->setText(numero);
+        f.Command4_Click();
+    }
+    QString Estado(int clave) {
+        return Valor(QStringLiteral("SELECT Estado FROM [Solicitudes Libros] WHERE ClaveLibro=%1").arg(clave));
+    }
+    int Numeros(int clave) {
+        return Valor(QStringLiteral("SELECT Count(*) FROM [Adquisiciones Numadqui] WHERE ClaveLibro=%1").arg(clave)).toInt();
+    }
+};
+
+// ---- Recep --------------------------------------------------------------------------------------------------
+
+TEST_F(PruebaRecepcion, ListaPendientesOProcesadasConElEstadoVacioComoProcesado) {
+    Pedido(1, "S");
+    Pedido(2, "P");
+    Pedido(3, "R");
+    Pedido(4, "");
+    Pedido(5, "P");
+    Recep f;
+    f.Form_Load();
+    EXPECT_EQ(Textos(*f.ListView1), (QStringList{QStringLiteral("005"), QStringLiteral("002")}));
+    EXPECT_EQ(f.Frame2->title(), QStringLiteral("Pedidos disponibles: 2"));
+    f.ListView1->ListItems()(2).setSelected(true);
+    f.Form_Activate();                                   // the first row is chosen again
+    EXPECT_EQ(f.ListView1->SelectedItem()->Text(), QStringLiteral("005"));
+
+    f.Option1[1]->setChecked(true);
+    f.Option1_Click(1);
+    EXPECT_EQ(Textos(*f.ListView1), (QStringList{QStringLiteral("004"), QStringLiteral("003")}));
+    EXPECT_TRUE(f.Command1->isEnabled());
+
+    Ejecuta("DELETE FROM [Solicitudes General]");
+    f.Option1[0]->setChecked(true);
+    f.Option1_Click(0);
+    EXPECT_EQ(f.Frame2->title(), QStringLiteral("Pedidos disponibles: 0 "));
+    EXPECT_FALSE(f.Command1->isEnabled());
+}
+
+TEST_F(PruebaRecepcion, RegistrarAbreElPedidoYLasFallasSeAtrapan) {
+    Pedido(2, "P");
+    Titulo(10, 2, "P");
+    Titulo(11, 2, "I");
+    Recep f;
+    f.Form_Load();
+    QStringList estados;
+    QString pagina;
+    sistema->AlMostrar(QStringLiteral("Recep_Generales"), [&](QDialog& d) {
+        auto& g = static_cast<Recep_Generales&>(d);
+        for (int i = 1; i <= g.ListView1->ListItems().Count(); ++i) estados << g.ListView1->ListItems()(i).SubItems(2);
+        pagina = g.Web ? g.Web->DocumentHtml() : QString();
+        EXPECT_EQ(g.ListView1->ColumnHeaders()(1).Width(), 0);
+        EXPECT_EQ(g.Frame2->title(), QStringLiteral("Libros contenidos en el pedido: 2"));
+    });
+    f.Command1_Click();
+    EXPECT_EQ(globales::NavValor.text(), QStringLiteral("002"));
+    EXPECT_EQ(globales::NavTabla, QStringLiteral("[Solicitudes Libros]"));
+    EXPECT_EQ(estados, (QStringList{QStringLiteral("-Pedido-"), QStringLiteral("No adquirido")}));
+    EXPECT_TRUE(pagina.contains(QStringLiteral("Fecha: </td><td>10/abr/2024")));
+
+    f.ListView1->ListItems()(1).setSelected(false);
+    f.Command1_Click();
+    ASSERT_EQ(sistema->cajas.size(), 1u);
+    EXPECT_TRUE(sistema->cajas[0].texto.startsWith(QStringLiteral("Error 91 (")));
+    EXPECT_TRUE(sistema->cajas[0].texto.endsWith(
+        QStringLiteral(") in procedure Command1_Click of Formulario Recep\r\nlinea:  1")));
+
+    globales::NavValor = vb::Variant(QStringLiteral("2 2"));   // a broken statement
+    Recep_Generales g;
+    g.Form_Load();
+    EXPECT_TRUE(sistema->UltimaCaja().texto.endsWith(QStringLiteral(" in procedure Refresca of Formulario Recep_Generales\r\nlinea:  1")));
+}
+
+// ---- Recep_Generales ----------------------------------------------------------------------------------------
+
+TEST_F(PruebaRecepcion, RegresarReabreConTituloPedidoOCierraSinEl) {
+    Pedido(3, "R");
+    Titulo(10, 3, "A");
+    Titulo(11, 3, "P");
+    Titulo(12, 3, "S");                                  // a title never ordered holds nothing back
+    Recep lista;
+    lista.Form_Load();
+    auto g = Generales(3);
+    g->Lista = &lista;
+    sistema->Responde({ui::vbNo, ui::vbYes});
+    g->Command3_Click();
+    ASSERT_EQ(sistema->cajas.size(), 1u);
+    EXPECT_EQ(sistema->cajas[0].texto,
+              QStringLiteral("Aún no se han procesado todos los libros, el pedido seguirá estando sin recibir. \r\n ¿Desea salir?"));
+    EXPECT_EQ(sistema->cajas[0].titulo, QStringLiteral("Precaución"));
+    EXPECT_EQ(sistema->cajas[0].flags, ui::vbYesNo);
+    EXPECT_EQ(Valor("SELECT Estado FROM [Solicitudes General]"), QStringLiteral("R"));
+    g->Command3_Click();
+    EXPECT_EQ(Valor("SELECT Estado & '|' & IdCapturista FROM [Solicitudes General]"), QStringLiteral("P|ana"));
+    EXPECT_EQ(Valor("SELECT FechaRecepcion FROM [Solicitudes General]"), QStringLiteral("NULL"));
+    EXPECT_EQ(Textos(*lista.ListView1), QStringList{QStringLiteral("003")});   // pending again
+
+    Ejecuta("UPDATE [Solicitudes Libros] SET Estado='I' WHERE ClaveLibro=11");
+    Ejecuta("UPDATE [Solicitudes General] SET IdCapturista='pepe'");
+    g->Command3_Click();                                 // nothing left in 'P': closed without a question
+    EXPECT_EQ(sistema->cajas.size(), 2u);
+    EXPECT_EQ(Valor("SELECT Estado & '|' & IdCapturista FROM [Solicitudes General]"), QStringLiteral("R|ana"));
+    EXPECT_EQ(Valor("SELECT Format(FechaRecepcion,'yyyy/mm/dd') FROM [Solicitudes General]"),
+              vb::Format(vb::Variant(vb::Fecha::Today()), QStringLiteral("yyyy/mm/dd")));
+    EXPECT_EQ(lista.ListView1->ListItems().Count(), 0);
+}
+
+TEST_F(PruebaRecepcion, NoRecibidoBorraTodosLosNumerosDeLaClave) {
+    Pedido(2, "P");
+    Titulo(10, 2, "A", "2", "150");
+    Titulo(11, 2, "A", "1", "80");
+    Numero("0001", 10);
+    Numero("0002", 10);
+    Numero("D-7", 10, "D");                              // a donated title with the same key
+    Numero("0003", 11);
+    auto g = Generales(2);
+    g->ListView1->ListItems()(1).setSelected(true);
+    sistema->Responde({ui::vbNo});
+    g->Command2_Click();
+    EXPECT_EQ(Numeros(10), 3);
+    EXPECT_FALSE(globales::HuboCambiosNumAdq);
+
+    g->Command2_Click();                                 // Yes
+    EXPECT_EQ(sistema->cajas.back().texto, QStringLiteral("¿Deseas marcar el ejemplar como 'Imposible de Adquirir'?"));
+    EXPECT_EQ(sistema->cajas.back().titulo, QStringLiteral("Aviso"));
+    EXPECT_EQ(Valor("SELECT Estado & '|' & [Ejemplares Recibidos] & '|' & Costo & '|' & IdCapturista & '|' & "
+                    "IsNull([Fecha de Recepcion]) FROM [Solicitudes Libros] WHERE ClaveLibro=10"),
+              Valor("SELECT 'I|0|0|ana|' & True"));
+    EXPECT_EQ(Numeros(10), 0);
+    EXPECT_EQ(Numeros(11), 1);
+    EXPECT_TRUE(globales::HuboCambiosNumAdq);
+    EXPECT_EQ(g->ListView1->ListItems()(1).SubItems(2), QStringLiteral("No adquirido"));
+}
+
+// ---- Recep_Libros -------------------------------------------------------------------------------------------
+
+TEST_F(PruebaRecepcion, CargaLaRecepcionYSoloLosNumerosDeSolicitud) {
+    Pedido(2, "P");
+    Titulo(10, 2, "A", "3", "150.5");
+    Ejecuta("UPDATE [Solicitudes Libros] SET [Fecha de Recepcion]=#2024/03/05#, Factura='F-1' WHERE ClaveLibro=10");
+    Numero("0001", 10);
+    Numero("D-7", 10, "D");
+    Numero("0002", 10);
+    auto f = Libros(10);
+    EXPECT_EQ(f->Text2->text(), QStringLiteral("05/mar/2024"));
+    EXPECT_EQ(f->Text3->text(), QStringLiteral("3"));
+    EXPECT_EQ(f->Text4->text(), QStringLiteral("150.5"));
+    EXPECT_EQ(f->Text5->text(), QStringLiteral("F-1"));
+    ASSERT_EQ(f->List1->count(), 2);
+    EXPECT_TRUE(f->Text6->isEnabled());
+    EXPECT_TRUE(UltimoDocumento().contains(QStringLiteral("Título: </td><td>Álgebra")));
+    EXPECT_TRUE(UltimoDocumento().endsWith(QStringLiteral("</TABLE></BODY></HTML>")));
+
+    auto nuevo = Libros(99);                             // nothing received: today, nothing to list
+    EXPECT_EQ(nuevo->Text2->text(), vb::Format(vb::Variant(vb::Fecha::Today()), QStringLiteral("dd/MMM/yyyy")));
+    EXPECT_FALSE(nuevo->Text6->isEnabled());
+}
+
+TEST_F(PruebaRecepcion, AgregarHastaLosEjemplaresYLuegoRehusa) {
+    Pedido(2, "P");
+    Titulo(10, 2, "P");
+    auto f = Libros(10);
+    f->Text3->setText(QStringLiteral("2"));
+    f->Text4->setText(QStringLiteral("0"));
+    f->Text6->setText(QStringLiteral("000314"));
+    EXPECT_FALSE(f->Command4->isEnabled());              // no number without a cost
+    f->Text4->setText(QStringLiteral("150"));
+    EXPECT_TRUE(f->Command4->isEnabled());
+    f->Text5->setText(QStringLiteral("O'Hara"));
+    f->Command4_Click();
+    EXPECT_EQ(f->Text6->text(), QStringLiteral("000315"));
+    EXPECT_EQ(Estado(10), QStringLiteral("A"));
+    EXPECT_EQ(Valor("SELECT [Ejemplares Recibidos] & '|' & Costo & '|' & Factura FROM [Solicitudes Libros]"),
+              QStringLiteral("2|150|O'Hara"));
+    EXPECT_EQ(Valor("SELECT [Solicitud o donacion] & '|' & IdCapturista & '|' & IsNull(FechaIngreso) FROM "
+                    "[Adquisiciones Numadqui] WHERE NoAdquisicion='000314'"),
+              Valor("SELECT 'S|ana|' & False"));
+    EXPECT_TRUE(globales::HuboCambiosNumAdq);
+    f->Command4_Click();
+    EXPECT_EQ(f->Text6->text(), QStringLiteral("000316"));
+
+    f->Command4_Click();                                 // a third number for two copies
+    EXPECT_EQ(sistema->UltimaCaja().texto,
+              QStringLiteral("No se puede introducir más Números de Adquisición que los Ejemplares Recibidos"));
+    EXPECT_EQ(sistema->UltimaCaja().titulo, QStringLiteral("Precaución"));
+    EXPECT_EQ(f->Text6->text(), QString());
+    EXPECT_FALSE(f->Command4->isEnabled());
+    EXPECT_EQ(Numeros(10), 2);
+
+    f->Text6->setText(QStringLiteral("   "));
+    f->Command4_Click();
+    EXPECT_EQ(sistema->UltimaCaja().texto, QStringLiteral("Escriba un número de adquisición valido"));
+}
+
+TEST_F(PruebaRecepcion, ElSiguienteNumeroCreceOSeSelecciona) {
+    Titulo(10, 2, "P", "9", "10");
+    auto f = Libros(10);
+    Agrega(*f, QStringLiteral("999"));
+    EXPECT_EQ(f->Text6->text(), QStringLiteral("1000"));
+    Agrega(*f, QStringLiteral("0099"));
+    EXPECT_EQ(f->Text6->text(), QStringLiteral("0100"));
+    Agrega(*f, QStringLiteral("AB-12"));
+    EXPECT_EQ(f->Text6->text(), QStringLiteral("AB-12"));
+    EXPECT_EQ(f->Text6->selectedText(), QStringLiteral("AB-12"));
+    EXPECT_EQ(f->List1->count(), 3);
+}
+
+TEST_F(PruebaRecepcion, DuplicadoSoloDelLadoDeSolicitudesYFechaDeIngreso) {
+    Titulo(10, 2, "P", "3", "10");
+    Titulo(20, 4, "A", "1", "10");
+    Numero("500", 20);
+    Numero("600", 77, "D");
+    auto f = Libros(10);
+    Agrega(*f, QStringLiteral("500"));
+    EXPECT_EQ(sistema->UltimaCaja().texto, QStringLiteral("El número de Adquisición ya existe"));
+    EXPECT_EQ(f->List1->count(), 0);
+    EXPECT_EQ(Estado(10), QStringLiteral("P"));          // refused before the title is touched
+    Agrega(*f, QStringLiteral("700"));
+    // Dates of entry: the new number shows when it was entered.
+    f->List1->setCurrentRow(0);
+    EXPECT_TRUE(f->Command5->isEnabled());
+    EXPECT_FALSE(f->lblInfoNumAdq->isHidden());
+    EXPECT_TRUE(f->lblInfoNumAdq->text().startsWith(QStringLiteral("Este ejemplar fue agregado el ")));
+    EXPECT_TRUE(f->lblInfoNumAdq->text().contains(vb::Format(vb::Variant(vb::Fecha::Today()), QStringLiteral("dd-mmm-yyyy"))));
+
+    Agrega(*f, QStringLiteral("600"));                   // the donation's number is accepted here
+    EXPECT_EQ(f->List1->count(), 2);
+
+    // "600" now answers twice for two places: a subscript failure, shown and survived.
+    const size_t antes = sistema->cajas.size();
+    f->List1->setCurrentRow(1);
+    ASSERT_EQ(sistema->cajas.size(), antes + 1);
+    EXPECT_EQ(sistema->UltimaCaja().texto, ui::TextoFallaPredeterminada(9, QStringLiteral("El subíndice está fuera del intervalo")));
+}
+
+TEST_F(PruebaRecepcion, NoSeBajanLosEjemplaresPorDebajoDeLaLista) {
+    Titulo(10, 2, "A", "3", "10");
+    Numero("1", 10);
+    Numero("2", 10);
+    Numero("3", 10);
+    auto f = Libros(10);
+    ASSERT_EQ(f->List1->count(), 3);
+    f->Text3->selectAll();
+    Teclea(f->Text3, QStringLiteral("2"));
+    EXPECT_EQ(f->Text3->text(), QStringLiteral("3"));
+    ASSERT_EQ(sistema->cajas.size(), 1u);
+    EXPECT_EQ(sistema->cajas[0].texto, QStringLiteral("No puede haber más Números de Adquisición que Ejemplares Recibidos\r\n"
+                                                      "Si quiere reducir este valor primero quite algunos Números de "
+                                                      "Adquisición de la lista"));
+    EXPECT_EQ(sistema->cajas[0].titulo, QStringLiteral("Advertencia"));
+    EXPECT_EQ(sistema->cajas[0].flags, ui::vbExclamation);
+
+    // The key filter: letters are lost, three digits at most.
+    f->Text3->setCursorPosition(1);
+    Teclea(f->Text3, QStringLiteral("x12345"));
+    EXPECT_EQ(f->Text3->text(), QStringLiteral("312"));
+}
+
+TEST_F(PruebaRecepcion, BorrarTodosYRegresarDevuelveElTituloAPedido) {
+    Pedido(2, "P");
+    Titulo(10, 2, "A", "3", "10");
+    for (const char* n : {"1", "2", "3"}) Numero(n, 10);
+    Numero("2", 30, "D");                                // same number, other side: it stays
+    auto g = Generales(2);
+    globales::TitValor = vb::Variant(QStringLiteral("10"));
+    Recep_Libros f;
+    f.Generales = g.get();
+    f.Form_Load();
+    // Rows chosen without their click: "2" would read the donation's row too (see the subscript case).
+    const QSignalBlocker sinClic(f.List1);
+    f.List1->setCurrentRow(2);
+    f.Command5_Click();
+    EXPECT_FALSE(f.Command5->isEnabled());
+    EXPECT_EQ(f.List1->currentRow(), 1);                 // the one before
+    f.List1->setCurrentRow(0);
+    f.Command5_Click();
+    EXPECT_EQ(f.List1->currentRow(), 0);
+    EXPECT_EQ(f.List1->item(0)->text(), QStringLiteral("2"));
+    f.Command5_Click();
+    EXPECT_EQ(f.List1->count(), 0);
+    EXPECT_EQ(Numeros(10), 0);
+    EXPECT_EQ(Numeros(30), 1);
+    EXPECT_EQ(Estado(10), QStringLiteral("A"));          // settled only on leaving
+
+    sistema->Responde({ui::vbYes});
+    f.Command3_Click();
+    ASSERT_EQ(sistema->cajas.size(), 1u);
+    EXPECT_EQ(sistema->cajas[0].texto, QStringLiteral("Este título no tiene ningún número de adquisición registrado,\r\n"
+                                                      "por lo que en su estado aparecerá como 'Pedido'\r\n\r\n"
+                                                      " ¿Desea salir de todos modos?"));
+    EXPECT_EQ(sistema->cajas[0].titulo, QStringLiteral("¡Precaución!"));
+    EXPECT_EQ(sistema->cajas[0].flags, ui::vbYesNo + ui::vbQuestion);
+    EXPECT_EQ(Valor("SELECT Estado & '|' & [Ejemplares Recibidos] & '|' & Costo & '|' & Factura & '|' & "
+                    "IsNull([Fecha de Recepcion]) FROM [Solicitudes Libros]"),
+              Valor("SELECT 'P|0|0||' & True"));
+    EXPECT_EQ(g->ListView1->ListItems()(1).SubItems(2), QStringLiteral("-Pedido-"));   // the order screen follows
+}
+
+TEST_F(PruebaRecepcion, CeroEjemplaresPreguntaYNoSeQueda) {
+    Titulo(10, 2, "A", "0", "10");
+    auto f = Libros(10);
+    EXPECT_FALSE(f->Text6->isEnabled());
+    sistema->Responde({ui::vbNo});
+    f->Command3_Click();
+    EXPECT_EQ(sistema->UltimaCaja().titulo, QStringLiteral("¡Precaución!"));
+    EXPECT_EQ(Estado(10), QStringLiteral("A"));
+}
+
+TEST_F(PruebaRecepcion, MenosNumerosQueEjemplaresPreguntaConNoPorOmision) {
+    Pedido(2, "P");
+    Titulo(10, 2, "P", "3", "10");
+    Numero("1", 10);
+    auto g = Generales(2);
+    globales::TitValor = vb::Variant(QStringLiteral("10"));
+    globales::DesdeListadoEjemplares = true;
+    Recep_Libros f;
+    f.Generales = g.get();
+    f.Form_Load();
+    f.Text5->setText(QStringLiteral("F'9"));
+    sistema->Responde({ui::vbNo, ui::vbYes});
+    f.Command3_Click();
+    EXPECT_EQ(Estado(10), QStringLiteral("P"));
+    f.Command3_Click();
+    EXPECT_EQ(sistema->UltimaCaja().texto, QStringLiteral("Ha agregado menos Números de Adquisición que Libros Recibidos. "
+                                                         "\r\n ¿Desea salir dejando incompleta la recepción?"));
+    EXPECT_EQ(sistema->UltimaCaja().flags, ui::vbYesNo + ui::vbDefaultButton2);
+    EXPECT_EQ(Valor("SELECT Estado & '|' & Factura FROM [Solicitudes Libros]"), QStringLiteral("A|F'9"));
+    // From the copy listing the order screen isn't asked to refresh.
+    EXPECT_EQ(g->ListView1->ListItems()(1).SubItems(2), QStringLiteral("-Pedido-"));
+}
+
+}  // namespace
