@@ -51,12 +51,7 @@ Form2::Form2(QWidget* padre) : QDialog(padre) {
     botones->addStretch(1);
     botones->addWidget(Command4);
     auto* todo = new QVBoxLayout(this);
-    if (QWidget* w = Web ? Web->widget() : nullptr) {
-        w->setObjectName(QStringLiteral("Web"));
-        w->setMinimumHeight(110);
-        w->setMaximumHeight(130);
-        todo->addWidget(w);
-    }
+    ui::ColocaFicha(*todo, Web.get());
     todo->addWidget(Frame1, 1);
     todo->addLayout(botones);
     resize(860, 520);
@@ -64,15 +59,12 @@ Form2::Form2(QWidget* padre) : QDialog(padre) {
     Timer1 = new controles::TimerReacomodo(this, [this] { ReacomodaTodo(); });
     Timer1->VigilaRedimension(this);
 
-    auto conecta = [this](QPushButton* b, void (Form2::*m)()) {
-        connect(b, &QPushButton::clicked, this, [this, m] { ui::Protegido(origen, [this, m] { (this->*m)(); }); });
-    };
-    conecta(Command1, &Form2::Command1_Click);
-    conecta(Command2, &Form2::Command2_Click);
-    conecta(Command3, &Form2::Command3_Click);
-    conecta(Command4, &Form2::Command4_Click);
-    conecta(Command6, &Form2::Command6_Click);
-    connect(ListView1, &controles::ListView::Click, this, [this] { ui::Protegido(origen, [this] { ListView1_Click(); }); });
+    ui::Conecta(Command1, &QPushButton::clicked, this, origen, &Form2::Command1_Click);
+    ui::Conecta(Command2, &QPushButton::clicked, this, origen, &Form2::Command2_Click);
+    ui::Conecta(Command3, &QPushButton::clicked, this, origen, &Form2::Command3_Click);
+    ui::Conecta(Command4, &QPushButton::clicked, this, origen, &Form2::Command4_Click);
+    ui::Conecta(Command6, &QPushButton::clicked, this, origen, &Form2::Command6_Click);
+    ui::Conecta(ListView1, &controles::ListView::Click, this, origen, &Form2::ListView1_Click);
     connect(ListView1, &controles::ListView::ColumnClick, this, [this](int i) {
         ui::Protegido(origen, [this, i] { controles::OrdenaPorColumna(*ListView1, i); });
     });

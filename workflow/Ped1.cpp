@@ -65,14 +65,11 @@ Ped1::Ped1(QWidget* padre) : QDialog(padre) {
     Timer1 = new controles::TimerReacomodo(this, [this] { ReacomodaTodo(); });
     Timer1->VigilaRedimension(this);
 
-    auto conecta = [this](QPushButton* b, void (Ped1::*m)()) {
-        connect(b, &QPushButton::clicked, this, [this, m] { ui::Protegido(origen, [this, m] { (this->*m)(); }); });
-    };
-    conecta(Command1, &Ped1::Command1_Click);
-    conecta(Command5, &Ped1::Command5_Click);
+    ui::Conecta(Command1, &QPushButton::clicked, this, origen, &Ped1::Command1_Click);
+    ui::Conecta(Command5, &QPushButton::clicked, this, origen, &Ped1::Command5_Click);
     // The check box's click also comes when its value is set from code, as the loading does.
-    connect(Check1, &QCheckBox::toggled, this, [this] { ui::Protegido(origen, [this] { Check1_Click(); }); });
-    connect(ListView1, &controles::ListView::Click, this, [this] { ui::Protegido(origen, [this] { ListView1_Click(); }); });
+    ui::Conecta(Check1, &QCheckBox::toggled, this, origen, &Ped1::Check1_Click);
+    ui::Conecta(ListView1, &controles::ListView::Click, this, origen, &Ped1::ListView1_Click);
     connect(ListView1, &controles::ListView::ColumnClick, this,
             [this](int i) { ui::Protegido(origen, [this, i] { ListView1_ColumnClick(i); }); });
 }

@@ -50,14 +50,11 @@ Ped1_Repor::Ped1_Repor(QWidget* padre) : QDialog(padre) {
     todo->addLayout(botones);
     resize(900, 600);
 
-    auto conecta = [this](QPushButton* b, void (Ped1_Repor::*m)()) {
-        connect(b, &QPushButton::clicked, this, [this, m] { ui::Protegido(origen, [this, m] { (this->*m)(); }); });
-    };
-    conecta(Command1, &Ped1_Repor::Command1_Click);
-    conecta(Command2, &Ped1_Repor::Command2_Click);
-    conecta(Command3, &Ped1_Repor::Command3_Click);
-    conecta(Command4, &Ped1_Repor::Command4_Click);
-    conecta(Command5, &Ped1_Repor::Command5_Click);
+    ui::Conecta(Command1, &QPushButton::clicked, this, origen, &Ped1_Repor::Command1_Click);
+    ui::Conecta(Command2, &QPushButton::clicked, this, origen, &Ped1_Repor::Command2_Click);
+    ui::Conecta(Command3, &QPushButton::clicked, this, origen, &Ped1_Repor::Command3_Click);
+    ui::Conecta(Command4, &QPushButton::clicked, this, origen, &Ped1_Repor::Command4_Click);
+    ui::Conecta(Command5, &QPushButton::clicked, this, origen, &Ped1_Repor::Command5_Click);
 }
 
 Ped1_Repor::~Ped1_Repor() = default;

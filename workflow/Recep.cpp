@@ -76,15 +76,12 @@ Recep::Recep(QWidget* padre) : QDialog(padre) {
     Timer1 = new controles::TimerReacomodo(this, [this] { ReacomodaTodo(); });
     Timer1->VigilaRedimension(this);
 
-    auto conecta = [this](QPushButton* b, void (Recep::*m)()) {
-        connect(b, &QPushButton::clicked, this, [this, m] { ui::Protegido(origen, [this, m] { (this->*m)(); }); });
-    };
-    conecta(Command1, &Recep::Command1_Click);
-    conecta(Command2, &Recep::Command2_Click);
+    ui::Conecta(Command1, &QPushButton::clicked, this, origen, &Recep::Command1_Click);
+    ui::Conecta(Command2, &QPushButton::clicked, this, origen, &Recep::Command2_Click);
     for (int i = 0; i < 2; ++i)
         connect(Option1[static_cast<size_t>(i)], &QRadioButton::clicked, this,
                 [this, i] { ui::Protegido(origen, [this, i] { Option1_Click(i); }); });
-    connect(ListView1, &controles::ListView::DblClick, this, [this] { ui::Protegido(origen, [this] { Command1_Click(); }); });
+    ui::Conecta(ListView1, &controles::ListView::DblClick, this, origen, &Recep::Command1_Click);
     connect(ListView1, &controles::ListView::ColumnClick, this,
             [this](int i) { ui::Protegido(origen, [this, i] { ListView1_ColumnClick(i); }); });
 }

@@ -56,12 +56,7 @@ Recep_Generales::Recep_Generales(QWidget* padre) : QDialog(padre) {
     botones->addStretch(1);
     botones->addWidget(Command3);
     auto* todo = new QVBoxLayout(this);
-    if (QWidget* w = Web ? Web->widget() : nullptr) {
-        w->setObjectName(QStringLiteral("Web"));
-        w->setMinimumHeight(110);
-        w->setMaximumHeight(130);
-        todo->addWidget(w);
-    }
+    ui::ColocaFicha(*todo, Web.get());
     todo->addWidget(Frame2, 1);
     todo->addLayout(botones);
     resize(900, 540);
@@ -69,14 +64,10 @@ Recep_Generales::Recep_Generales(QWidget* padre) : QDialog(padre) {
     Timer1 = new controles::TimerReacomodo(this, [this] { ReacomodaTodo(); });
     Timer1->VigilaRedimension(this);
 
-    auto conecta = [this](QPushButton* b, void (Recep_Generales::*m)()) {
-        connect(b, &QPushButton::clicked, this, [this, m] { ui::Protegido(origen, [this, m] { (this->*m)(); }); });
-    };
-    conecta(Command1, &Recep_Generales::Command1_Click);
-    conecta(Command2, &Recep_Generales::Command2_Click);
-    conecta(Command3, &Recep_Generales::Command3_Click);
-    connect(ListView1, &controles::ListView::DblClick, this,
-            [this] { ui::Protegido(origen, [this] { ListView1_DblClick(); }); });
+    ui::Conecta(Command1, &QPushButton::clicked, this, origen, &Recep_Generales::Command1_Click);
+    ui::Conecta(Command2, &QPushButton::clicked, this, origen, &Recep_Generales::Command2_Click);
+    ui::Conecta(Command3, &QPushButton::clicked, this, origen, &Recep_Generales::Command3_Click);
+    ui::Conecta(ListView1, &controles::ListView::DblClick, this, origen, &Recep_Generales::ListView1_DblClick);
     connect(ListView1, &controles::ListView::ColumnClick, this,
             [this](int i) { ui::Protegido(origen, [this, i] { ListView1_ColumnClick(i); }); });
 }

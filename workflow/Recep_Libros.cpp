@@ -108,31 +108,20 @@ Recep_Libros::Recep_Libros(QWidget* padre) : QDialog(padre) {
     botones->addStretch(1);
     botones->addWidget(Command3);
     auto* todo = new QVBoxLayout(this);
-    if (QWidget* w = Web ? Web->widget() : nullptr) {
-        w->setObjectName(QStringLiteral("Web"));
-        w->setMinimumHeight(110);
-        w->setMaximumHeight(130);
-        todo->addWidget(w);
-    }
+    ui::ColocaFicha(*todo, Web.get());
     todo->addLayout(centro, 1);
     todo->addLayout(botones);
     resize(720, 480);
 
-    auto conecta = [this](QPushButton* b, void (Recep_Libros::*m)()) {
-        connect(b, &QPushButton::clicked, this, [this, m] { ui::Protegido(origen, [this, m] { (this->*m)(); }); });
-    };
-    conecta(Command4, &Recep_Libros::Command4_Click);
-    conecta(Command5, &Recep_Libros::Command5_Click);
-    conecta(Command3, &Recep_Libros::Command3_Click);
-    auto conectaTexto = [this](QLineEdit* t, void (Recep_Libros::*m)()) {
-        connect(t, &QLineEdit::textChanged, this, [this, m] { ui::Protegido(origen, [this, m] { (this->*m)(); }); });
-    };
-    conectaTexto(Text3, &Recep_Libros::Text3_Change);
-    conectaTexto(Text4, &Recep_Libros::Text4_Change);
-    conectaTexto(Text6, &Recep_Libros::Text6_Change);
+    ui::Conecta(Command4, &QPushButton::clicked, this, origen, &Recep_Libros::Command4_Click);
+    ui::Conecta(Command5, &QPushButton::clicked, this, origen, &Recep_Libros::Command5_Click);
+    ui::Conecta(Command3, &QPushButton::clicked, this, origen, &Recep_Libros::Command3_Click);
+    ui::Conecta(Text3, &QLineEdit::textChanged, this, origen, &Recep_Libros::Text3_Change);
+    ui::Conecta(Text4, &QLineEdit::textChanged, this, origen, &Recep_Libros::Text4_Change);
+    ui::Conecta(Text6, &QLineEdit::textChanged, this, origen, &Recep_Libros::Text6_Change);
     // A click on a row, or a move to another row with the keyboard. A mouse press that moves the row is
     // followed by its click, which alone runs the handler. Moves made by the screen itself fire nothing.
-    connect(List1, &QListWidget::itemClicked, this, [this] { ui::Protegido(origen, [this] { List1_Click(); }); });
+    ui::Conecta(List1, &QListWidget::itemClicked, this, origen, &Recep_Libros::List1_Click);
     connect(List1, &QListWidget::currentRowChanged, this, [this] {
         if (QApplication::mouseButtons() != Qt::NoButton) return;
         ui::Protegido(origen, [this] { List1_Click(); });

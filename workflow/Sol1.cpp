@@ -68,21 +68,17 @@ Sol1::Sol1(QWidget* padre) : QDialog(padre) {
     Timer1 = new controles::TimerReacomodo(this, [this] { ReacomodaTodo(); });
     Timer1->VigilaRedimension(this);
 
-    auto conecta = [this](QPushButton* b, void (Sol1::*m)()) {
-        connect(b, &QPushButton::clicked, this, [this, m] { ui::Protegido(origen, [this, m] { (this->*m)(); }); });
-    };
-    conecta(Command1, &Sol1::Command1_Click);
-    conecta(Command2, &Sol1::Command2_Click);
-    conecta(Command3, &Sol1::Command3_Click);
-    conecta(cmdAgregarTitulos, &Sol1::cmdAgregarTitulos_Click);
-    conecta(BtnImportarSolicitud, &Sol1::BtnImportarSolicitud_Click);
-    conecta(Command5, &Sol1::Command5_Click);
+    ui::Conecta(Command1, &QPushButton::clicked, this, origen, &Sol1::Command1_Click);
+    ui::Conecta(Command2, &QPushButton::clicked, this, origen, &Sol1::Command2_Click);
+    ui::Conecta(Command3, &QPushButton::clicked, this, origen, &Sol1::Command3_Click);
+    ui::Conecta(cmdAgregarTitulos, &QPushButton::clicked, this, origen, &Sol1::cmdAgregarTitulos_Click);
+    ui::Conecta(BtnImportarSolicitud, &QPushButton::clicked, this, origen, &Sol1::BtnImportarSolicitud_Click);
+    ui::Conecta(Command5, &QPushButton::clicked, this, origen, &Sol1::Command5_Click);
     for (int i = 0; i < 2; ++i)
         connect(Option1[static_cast<size_t>(i)], &QRadioButton::clicked, this,
                 [this, i] { ui::Protegido(origen, [this, i] { Option1_Click(i); }); });
-    connect(ListView1, &controles::ListView::Click, this, [this] { ui::Protegido(origen, [this] { ListView1_Click(); }); });
-    connect(ListView1, &controles::ListView::DblClick, this,
-            [this] { ui::Protegido(origen, [this] { ListView1_DblClick(); }); });
+    ui::Conecta(ListView1, &controles::ListView::Click, this, origen, &Sol1::ListView1_Click);
+    ui::Conecta(ListView1, &controles::ListView::DblClick, this, origen, &Sol1::ListView1_DblClick);
     connect(ListView1, &controles::ListView::ColumnClick, this,
             [this](int i) { ui::Protegido(origen, [this, i] { ListView1_ColumnClick(i); }); });
 }

@@ -105,26 +105,17 @@ Sol_Edi::Sol_Edi(QWidget* padre) : QDialog(padre) {
     todo->addWidget(lblWarning);
     todo->addLayout(botones);
 
-    auto conecta = [this](QPushButton* b, void (Sol_Edi::*m)()) {
-        connect(b, &QPushButton::clicked, this, [this, m] { ui::Protegido(origen, [this, m] { (this->*m)(); }); });
-    };
-    conecta(Command1, &Sol_Edi::Command1_Click);
-    conecta(Command2, &Sol_Edi::Command2_Click);
-    conecta(Command3, &Sol_Edi::Command3_Click);
-    conecta(Command4, &Sol_Edi::Command4_Click);
-    auto conectaCombo = [this](controles::ComboBox* c, void (controles::ComboBox::*senal)(), void (Sol_Edi::*m)()) {
-        connect(c, senal, this, [this, m] { ui::Protegido(origen, [this, m] { (this->*m)(); }); });
-    };
-    conectaCombo(Combo1, &controles::ComboBox::Click, &Sol_Edi::Combo1_Click);
-    conectaCombo(Combo1, &controles::ComboBox::Change, &Sol_Edi::Combo1_Change);
-    conectaCombo(Combo2, &controles::ComboBox::Click, &Sol_Edi::Combo2_Click);
-    conectaCombo(cboFinanciamiento, &controles::ComboBox::Click, &Sol_Edi::cboFinanciamiento_Click);
-    auto conectaTexto = [this](QLineEdit* t, void (Sol_Edi::*m)()) {
-        connect(t, &QLineEdit::textChanged, this, [this, m] { ui::Protegido(origen, [this, m] { (this->*m)(); }); });
-    };
-    conectaTexto(Text4, &Sol_Edi::Text4_Change);
-    conectaTexto(Text5, &Sol_Edi::Text5_Change);
-    conectaTexto(txtIdFinanciamiento, &Sol_Edi::txtIdFinanciamiento_Change);
+    ui::Conecta(Command1, &QPushButton::clicked, this, origen, &Sol_Edi::Command1_Click);
+    ui::Conecta(Command2, &QPushButton::clicked, this, origen, &Sol_Edi::Command2_Click);
+    ui::Conecta(Command3, &QPushButton::clicked, this, origen, &Sol_Edi::Command3_Click);
+    ui::Conecta(Command4, &QPushButton::clicked, this, origen, &Sol_Edi::Command4_Click);
+    ui::Conecta(Combo1, &controles::ComboBox::Click, this, origen, &Sol_Edi::Combo1_Click);
+    ui::Conecta(Combo1, &controles::ComboBox::Change, this, origen, &Sol_Edi::Combo1_Change);
+    ui::Conecta(Combo2, &controles::ComboBox::Click, this, origen, &Sol_Edi::Combo2_Click);
+    ui::Conecta(cboFinanciamiento, &controles::ComboBox::Click, this, origen, &Sol_Edi::cboFinanciamiento_Click);
+    ui::Conecta(Text4, &QLineEdit::textChanged, this, origen, &Sol_Edi::Text4_Change);
+    ui::Conecta(Text5, &QLineEdit::textChanged, this, origen, &Sol_Edi::Text5_Change);
+    ui::Conecta(txtIdFinanciamiento, &QLineEdit::textChanged, this, origen, &Sol_Edi::txtIdFinanciamiento_Change);
 }
 
 Sol_Edi::~Sol_Edi() = default;

@@ -88,14 +88,11 @@ Sol_Libros::Sol_Libros(QWidget* padre) : QDialog(padre) {
     todo->addLayout(botones);
     resize(620, 300);
 
-    auto conecta = [this](QPushButton* b, void (Sol_Libros::*m)()) {
-        connect(b, &QPushButton::clicked, this, [this, m] { ui::Protegido(origen, [this, m] { (this->*m)(); }); });
-    };
-    conecta(Command1, &Sol_Libros::Command1_Click);
-    conecta(Command2, &Sol_Libros::Command2_Click);
-    conecta(Command3, &Sol_Libros::Command3_Click);
-    connect(Combo1, &controles::ComboBox::Click, this, [this] { ui::Protegido(origen, [this] { Combo1_Click(); }); });
-    connect(Text2, &QLineEdit::textChanged, this, [this] { ui::Protegido(origen, [this] { Text2_Change(); }); });
+    ui::Conecta(Command1, &QPushButton::clicked, this, origen, &Sol_Libros::Command1_Click);
+    ui::Conecta(Command2, &QPushButton::clicked, this, origen, &Sol_Libros::Command2_Click);
+    ui::Conecta(Command3, &QPushButton::clicked, this, origen, &Sol_Libros::Command3_Click);
+    ui::Conecta(Combo1, &controles::ComboBox::Click, this, origen, &Sol_Libros::Combo1_Click);
+    ui::Conecta(Text2, &QLineEdit::textChanged, this, origen, &Sol_Libros::Text2_Change);
 }
 
 Sol_Libros::~Sol_Libros() = default;

@@ -1,6 +1,8 @@
 #include "core/ui/Ficha.h"
 
+#include <QBoxLayout>
 #include <QCoreApplication>
+#include <QWidget>
 
 namespace ui {
 
@@ -19,6 +21,15 @@ QString Ficha(const std::vector<FilaFicha>& filas, const QString& cierre) {
         html += QStringLiteral("<tr><td class=td1>") + etiqueta + QStringLiteral("</td><td>") + valor.toHtmlEscaped() +
                 QStringLiteral("</td></tr>");
     return html + cierre;
+}
+
+void ColocaFicha(QBoxLayout& disposicion, VistaHtml* vista) {
+    QWidget* w = vista ? vista->widget() : nullptr;
+    if (!w) return;
+    w->setObjectName(QStringLiteral("Web"));
+    w->setMinimumHeight(110);
+    w->setMaximumHeight(130);
+    disposicion.addWidget(w);
 }
 
 void EscribeFicha(VistaHtml& vista, const std::vector<FilaFicha>& filas, const QString& cierre, long vueltas) {

@@ -4,6 +4,8 @@
 #include "core/ui/Plataforma.h"
 
 #include <QString>
+
+class QBoxLayout;
 #include <utility>
 #include <vector>
 
@@ -19,6 +21,9 @@ using FilaFicha = std::pair<QString, QString>;   // label (with its ": "), value
 // `cierre` closes the table and the page, in the spelling each screen has always used.
 void EscribeFicha(VistaHtml& vista, const std::vector<FilaFicha>& filas,
                   const QString& cierre = QStringLiteral("</table></body></html>"), long vueltas = 40001);
+
+// Puts a view for such a page at the top of a screen's layout, a few rows high, named "Web".
+void ColocaFicha(QBoxLayout& disposicion, VistaHtml* vista);
 
 // The page itself, as written by EscribeFicha.
 QString Ficha(const std::vector<FilaFicha>& filas, const QString& cierre = QStringLiteral("</table></body></html>"));

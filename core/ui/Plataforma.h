@@ -6,6 +6,7 @@
 #include "core/vb/Error.h"
 
 #include <QDate>
+#include <QObject>
 #include <QString>
 #include <functional>
 #include <memory>
@@ -92,6 +93,16 @@ void InstalaPlataforma(std::unique_ptr<Plataforma> p);
 // shown in the program's default failure box (the error's number and description, critical icon), what
 // ran before stays applied, and the program goes on. Never lets an exception reach the event loop.
 void Protegido(const QString& origen, const std::function<void()>& manejador);
+
+// Connects a signal to a handler of a screen (a member function without arguments), run through Protegido:
+// whatever the handler throws ends in the failure box, never in the event loop. The connection ends with
+// the screen.
+template <class Emisor, class Senal, class Pantalla, class Clase>
+void Conecta(Emisor* emisor, Senal senal, Pantalla* pantalla, const QString& origen, void (Clase::*manejador)()) {
+    QObject::connect(emisor, senal, pantalla, [pantalla, manejador, origen] {
+        Protegido(origen, [pantalla, manejador] { (pantalla->*manejador)(); });
+    });
+}
 
 // The text of the default failure box for an error.
 QString TextoFallaPredeterminada(int numero, const QString& descripcion);
