@@ -217,7 +217,7 @@ void Listado::HabilitaSalida(bool habilita) {
 }
 
 void Listado::Command1_Click() {
-    setCursor(Qt::WaitCursor);
+    const ui::CursorEspera espera(this);
     QString xsl = QStringLiteral("xsls\\formato2.xsl");
 
     if (Option1[1]->isChecked()) {
@@ -380,7 +380,6 @@ void Listado::Command1_Click() {
             DocumentoXml.replace(0, declaracion.size(), QStringLiteral("<?xml version=\"1.0\" encoding=\"UTF-7\"?>"));
         HabilitaSalida(true);
     }
-    unsetCursor();
 }
 
 void Listado::Command2_Click() {

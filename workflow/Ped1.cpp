@@ -181,7 +181,11 @@ void Ped1::Command1_Click() {
     globales::NavModo = 0;
     {
         Ped1_Repor pantalla(this);
-        pantalla.Form_Load();
+        {
+            // A long order takes a moment to build and lay out.
+            const ui::CursorEspera espera(this);
+            pantalla.Form_Load();
+        }
         ui::Sistema().MuestraModal(pantalla);
     }
     // Ordered requests leave the list; every mark is lost.

@@ -3,6 +3,7 @@
 #include "core/ui/PlataformaQt.h"
 #include "core/vb/Error.h"
 
+#include <QWidget>
 #include <exception>
 #include <new>
 
@@ -49,6 +50,13 @@ void Protegido(const QString& origen, const std::function<void()>& manejador) {
     } catch (...) {
         MuestraFalla(51, QStringLiteral("Error interno"));
     }
+}
+
+CursorEspera::CursorEspera(QWidget* pantalla) : pantalla_(pantalla) {
+    if (pantalla_) pantalla_->setCursor(Qt::WaitCursor);
+}
+CursorEspera::~CursorEspera() {
+    if (pantalla_) pantalla_->unsetCursor();
 }
 
 }  // namespace ui

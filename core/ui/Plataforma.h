@@ -7,6 +7,7 @@
 
 #include <QDate>
 #include <QObject>
+#include <QPointer>
 #include <QString>
 #include <functional>
 #include <memory>
@@ -103,6 +104,19 @@ void Conecta(Emisor* emisor, Senal senal, Pantalla* pantalla, const QString& ori
         Protegido(origen, [pantalla, manejador] { (pantalla->*manejador)(); });
     });
 }
+
+// The hourglass over a screen while it lives, for work the analyst waits on. Boxes shown meanwhile keep
+// their own arrow; the cursor comes back however the work ends.
+class CursorEspera {
+public:
+    explicit CursorEspera(QWidget* pantalla);
+    ~CursorEspera();
+    CursorEspera(const CursorEspera&) = delete;
+    CursorEspera& operator=(const CursorEspera&) = delete;
+
+private:
+    QPointer<QWidget> pantalla_;
+};
 
 // The text of the default failure box for an error.
 QString TextoFallaPredeterminada(int numero, const QString& descripcion);
