@@ -60,7 +60,7 @@ CatalogoSimple::CatalogoSimple(QWidget* padre) : QDialog(padre) {
         b->setAutoDefault(false);
         b->resize(Px(1080), Px(360));
         Cmd[static_cast<size_t>(i)] = b;
-        connect(b, &QPushButton::clicked, this, [this, i, origen] { ui::Protegido(origen, [this, i] { Cmd_Click(i); }); });
+        ui::Conecta(b, &QPushButton::clicked, this, origen, &CatalogoSimple::Cmd_Click, i);
     }
 
     PctCaptura = new QFrame(this);
@@ -70,8 +70,8 @@ CatalogoSimple::CatalogoSimple(QWidget* padre) : QDialog(padre) {
     VScroll1 = new QScrollBar(Qt::Vertical, PctCaptura);
     VScroll1->setObjectName(QStringLiteral("VScroll1"));
     VScroll1->installEventFilter(this);
-    connect(VScroll1, &QScrollBar::valueChanged, this, [this, origen] { ui::Protegido(origen, [this] { VScroll1_Change(); }); });
-    connect(VScroll1, &QScrollBar::sliderMoved, this, [this, origen] { ui::Protegido(origen, [this] { VScroll1_Scroll(); }); });
+    ui::Conecta(VScroll1, &QScrollBar::valueChanged, this, origen, &CatalogoSimple::VScroll1_Change);
+    ui::Conecta(VScroll1, &QScrollBar::sliderMoved, this, origen, &CatalogoSimple::VScroll1_Scroll);
     CreaRenglon(0);
 
     picBusqueda = new QFrame(this);
@@ -107,13 +107,11 @@ CatalogoSimple::CatalogoSimple(QWidget* padre) : QDialog(padre) {
     lblXsalir->setGeometry(Px(7500), Px(30), Px(240), Px(285));
     picBusqueda->resize(Px(7800), Px(900));
     picBusqueda->setVisible(false);
-    connect(txtBuscar, &QLineEdit::textChanged, this, [this, origen] { ui::Protegido(origen, [this] { txtBuscar_Change(); }); });
-    connect(cboCriteriosBusqueda, &controles::ComboBox::Click, this,
-            [this, origen] { ui::Protegido(origen, [this] { cboCriteriosBusqueda_Click(); }); });
-    connect(cmdBuscar, &QPushButton::clicked, this, [this, origen] { ui::Protegido(origen, [this] { cmdBuscar_Click(); }); });
-    connect(cmdBuscarSiguiente, &QPushButton::clicked, this,
-            [this, origen] { ui::Protegido(origen, [this] { cmdBuscarSiguiente_Click(); }); });
-    connect(cmdBCancelar, &QPushButton::clicked, this, [this, origen] { ui::Protegido(origen, [this] { cmdBCancelar_Click(); }); });
+    ui::Conecta(txtBuscar, &QLineEdit::textChanged, this, origen, &CatalogoSimple::txtBuscar_Change);
+    ui::Conecta(cboCriteriosBusqueda, &controles::ComboBox::Click, this, origen, &CatalogoSimple::cboCriteriosBusqueda_Click);
+    ui::Conecta(cmdBuscar, &QPushButton::clicked, this, origen, &CatalogoSimple::cmdBuscar_Click);
+    ui::Conecta(cmdBuscarSiguiente, &QPushButton::clicked, this, origen, &CatalogoSimple::cmdBuscarSiguiente_Click);
+    ui::Conecta(cmdBCancelar, &QPushButton::clicked, this, origen, &CatalogoSimple::cmdBCancelar_Click);
 
     StatusBar1 = new QStatusBar(this);
     StatusBar1->setSizeGripEnabled(false);
@@ -123,10 +121,9 @@ CatalogoSimple::CatalogoSimple(QWidget* padre) : QDialog(padre) {
 
     Timer1 = new controles::TimerReacomodo(this, [this] { ReacomodaTodo(); });
 
-    connect(LstView, &controles::ListView::Click, this, [this, origen] { ui::Protegido(origen, [this] { LstView_Click(); }); });
-    connect(LstView, &controles::ListView::DblClick, this, [this, origen] { ui::Protegido(origen, [this] { LstView_DblClick(); }); });
-    connect(LstView, &controles::ListView::ColumnClick, this,
-            [this, origen](int columna) { ui::Protegido(origen, [this, columna] { LstView_ColumnClick(columna); }); });
+    ui::Conecta(LstView, &controles::ListView::Click, this, origen, &CatalogoSimple::LstView_Click);
+    ui::Conecta(LstView, &controles::ListView::DblClick, this, origen, &CatalogoSimple::LstView_DblClick);
+    ui::Conecta(LstView, &controles::ListView::ColumnClick, this, origen, &CatalogoSimple::LstView_ColumnClick);
 
     resize(Px(10000), Px(7000));
     ui::Protegido(origen, [this] { Form_Load(); });
@@ -179,7 +176,7 @@ void CatalogoSimple::CreaRenglon(int i) {
         w->installEventFilter(this);
     }
     const QString origen = objectName();
-    connect(boton, &QPushButton::clicked, this, [this, i, origen] { ui::Protegido(origen, [this, i] { Command1_Click(i); }); });
+    ui::Conecta(boton, &QPushButton::clicked, this, origen, &CatalogoSimple::Command1_Click, i);
     Label1.push_back(etiqueta);
     Label2.push_back(etiqueta2);
     Text1.push_back(texto);

@@ -78,14 +78,13 @@ FormReporte::FormReporte(QWidget* padre) : QDialog(padre) {
 
     const QString origen = objectName();
     for (int i = 0; i < 2; ++i)
-        connect(Option1[static_cast<size_t>(i)], &QRadioButton::clicked, this,
-                [this, i, origen] { ui::Protegido(origen, [this, i] { Option1_Click(i); }); });
-    connect(Text1, &QLineEdit::textChanged, this, [this, origen] { ui::Protegido(origen, [this] { Text1_Change(); }); });
-    connect(Command1, &QPushButton::clicked, this, [this, origen] { ui::Protegido(origen, [this] { Command1_Click(); }); });
-    connect(Command2, &QPushButton::clicked, this, [this, origen] { ui::Protegido(origen, [this] { Command2_Click(); }); });
-    connect(Command3, &QPushButton::clicked, this, [this, origen] { ui::Protegido(origen, [this] { Command3_Click(); }); });
-    connect(Command4, &QPushButton::clicked, this, [this, origen] { ui::Protegido(origen, [this] { Command4_Click(); }); });
-    connect(Command5, &QPushButton::clicked, this, [this, origen] { ui::Protegido(origen, [this] { Command5_Click(); }); });
+        ui::Conecta(Option1[static_cast<size_t>(i)], &QRadioButton::clicked, this, origen, &FormReporte::Option1_Click, i);
+    ui::Conecta(Text1, &QLineEdit::textChanged, this, origen, &FormReporte::Text1_Change);
+    ui::Conecta(Command1, &QPushButton::clicked, this, origen, &FormReporte::Command1_Click);
+    ui::Conecta(Command2, &QPushButton::clicked, this, origen, &FormReporte::Command2_Click);
+    ui::Conecta(Command3, &QPushButton::clicked, this, origen, &FormReporte::Command3_Click);
+    ui::Conecta(Command4, &QPushButton::clicked, this, origen, &FormReporte::Command4_Click);
+    ui::Conecta(Command5, &QPushButton::clicked, this, origen, &FormReporte::Command5_Click);
 
     resize(9000 / TwipsPorPixel, 6500 / TwipsPorPixel);
     ui::Protegido(origen, [this, todo] {

@@ -87,22 +87,17 @@ Listado::Listado(QWidget* padre) : QDialog(padre) {
     resize(900, 560);
 
     const QString origen = QStringLiteral("Listado");
-    auto conecta = [this, origen](QPushButton* b, void (Listado::*m)()) {
-        connect(b, &QPushButton::clicked, this, [this, origen, m] { ui::Protegido(origen, [this, m] { (this->*m)(); }); });
-    };
-    conecta(Command1, &Listado::Command1_Click);
-    conecta(Command2, &Listado::Command2_Click);
-    conecta(Command3, &Listado::Command3_Click);
-    conecta(Command4, &Listado::Command4_Click);
-    conecta(Command5, &Listado::Command5_Click);
-    connect(Combo1, &controles::ComboBox::Click, this, [this, origen] { ui::Protegido(origen, [this] { Combo1_Click(); }); });
-    connect(Text1, &QLineEdit::textChanged, this, [this, origen] { ui::Protegido(origen, [this] { Text1_Change(); }); });
-    connect(Text2, &QLineEdit::textChanged, this, [this, origen] { ui::Protegido(origen, [this] { Text2_Change(); }); });
+    ui::Conecta(Command1, &QPushButton::clicked, this, origen, &Listado::Command1_Click);
+    ui::Conecta(Command2, &QPushButton::clicked, this, origen, &Listado::Command2_Click);
+    ui::Conecta(Command3, &QPushButton::clicked, this, origen, &Listado::Command3_Click);
+    ui::Conecta(Command4, &QPushButton::clicked, this, origen, &Listado::Command4_Click);
+    ui::Conecta(Command5, &QPushButton::clicked, this, origen, &Listado::Command5_Click);
+    ui::Conecta(Combo1, &controles::ComboBox::Click, this, origen, &Listado::Combo1_Click);
+    ui::Conecta(Text1, &QLineEdit::textChanged, this, origen, &Listado::Text1_Change);
+    ui::Conecta(Text2, &QLineEdit::textChanged, this, origen, &Listado::Text2_Change);
     for (int i = 0; i < 2; ++i) {
-        connect(Option1[i], &QRadioButton::clicked, this,
-                [this, i, origen] { ui::Protegido(origen, [this, i] { Option1_Click(i); }); });
-        connect(List1[i], &QListWidget::itemDoubleClicked, this,
-                [this, i, origen] { ui::Protegido(origen, [this, i] { List1_DblClick(i); }); });
+        ui::Conecta(Option1[i], &QRadioButton::clicked, this, origen, &Listado::Option1_Click, i);
+        ui::Conecta(List1[i], &QListWidget::itemDoubleClicked, this, origen, &Listado::List1_DblClick, i);
     }
 }
 

@@ -65,9 +65,7 @@ Form2::Form2(QWidget* padre) : QDialog(padre) {
     ui::Conecta(Command4, &QPushButton::clicked, this, origen, &Form2::Command4_Click);
     ui::Conecta(Command6, &QPushButton::clicked, this, origen, &Form2::Command6_Click);
     ui::Conecta(ListView1, &controles::ListView::Click, this, origen, &Form2::ListView1_Click);
-    connect(ListView1, &controles::ListView::ColumnClick, this, [this](int i) {
-        ui::Protegido(origen, [this, i] { controles::OrdenaPorColumna(*ListView1, i); });
-    });
+    ui::Conecta(ListView1, &controles::ListView::ColumnClick, this, origen, &Form2::ListView1_ColumnClick);
 }
 
 Form2::~Form2() = default;
@@ -166,6 +164,8 @@ void Form2::ListView1_Click() {
     const controles::ListItem* item = ListView1->SelectedItem();
     HabilitaBotones(item && !item->Text().isEmpty());
 }
+
+void Form2::ListView1_ColumnClick(int indiceEncabezado) { controles::OrdenaPorColumna(*ListView1, indiceEncabezado); }
 
 void Form2::Command1_Click() {
     globales::TitModo = 1;

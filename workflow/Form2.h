@@ -39,6 +39,7 @@ public:
     void RefrescaTitulos();
     void ReacomodaTodo();
     void ListView1_Click();
+    void ListView1_ColumnClick(int indiceEncabezado);
     void Command1_Click();           // Agregar
     void Command2_Click();           // Modificar
     void Command3_Click();           // Borrar

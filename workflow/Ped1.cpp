@@ -70,8 +70,7 @@ Ped1::Ped1(QWidget* padre) : QDialog(padre) {
     // The check box's click also comes when its value is set from code, as the loading does.
     ui::Conecta(Check1, &QCheckBox::toggled, this, origen, &Ped1::Check1_Click);
     ui::Conecta(ListView1, &controles::ListView::Click, this, origen, &Ped1::ListView1_Click);
-    connect(ListView1, &controles::ListView::ColumnClick, this,
-            [this](int i) { ui::Protegido(origen, [this, i] { ListView1_ColumnClick(i); }); });
+    ui::Conecta(ListView1, &controles::ListView::ColumnClick, this, origen, &Ped1::ListView1_ColumnClick);
 }
 
 Ped1::~Ped1() = default;

@@ -79,11 +79,9 @@ Recep::Recep(QWidget* padre) : QDialog(padre) {
     ui::Conecta(Command1, &QPushButton::clicked, this, origen, &Recep::Command1_Click);
     ui::Conecta(Command2, &QPushButton::clicked, this, origen, &Recep::Command2_Click);
     for (int i = 0; i < 2; ++i)
-        connect(Option1[static_cast<size_t>(i)], &QRadioButton::clicked, this,
-                [this, i] { ui::Protegido(origen, [this, i] { Option1_Click(i); }); });
+        ui::Conecta(Option1[static_cast<size_t>(i)], &QRadioButton::clicked, this, origen, &Recep::Option1_Click, i);
     ui::Conecta(ListView1, &controles::ListView::DblClick, this, origen, &Recep::Command1_Click);
-    connect(ListView1, &controles::ListView::ColumnClick, this,
-            [this](int i) { ui::Protegido(origen, [this, i] { ListView1_ColumnClick(i); }); });
+    ui::Conecta(ListView1, &controles::ListView::ColumnClick, this, origen, &Recep::ListView1_ColumnClick);
 }
 
 Recep::~Recep() = default;

@@ -68,8 +68,7 @@ Recep_Generales::Recep_Generales(QWidget* padre) : QDialog(padre) {
     ui::Conecta(Command2, &QPushButton::clicked, this, origen, &Recep_Generales::Command2_Click);
     ui::Conecta(Command3, &QPushButton::clicked, this, origen, &Recep_Generales::Command3_Click);
     ui::Conecta(ListView1, &controles::ListView::DblClick, this, origen, &Recep_Generales::ListView1_DblClick);
-    connect(ListView1, &controles::ListView::ColumnClick, this,
-            [this](int i) { ui::Protegido(origen, [this, i] { ListView1_ColumnClick(i); }); });
+    ui::Conecta(ListView1, &controles::ListView::ColumnClick, this, origen, &Recep_Generales::ListView1_ColumnClick);
 }
 
 Recep_Generales::~Recep_Generales() = default;

@@ -75,12 +75,10 @@ Sol1::Sol1(QWidget* padre) : QDialog(padre) {
     ui::Conecta(BtnImportarSolicitud, &QPushButton::clicked, this, origen, &Sol1::BtnImportarSolicitud_Click);
     ui::Conecta(Command5, &QPushButton::clicked, this, origen, &Sol1::Command5_Click);
     for (int i = 0; i < 2; ++i)
-        connect(Option1[static_cast<size_t>(i)], &QRadioButton::clicked, this,
-                [this, i] { ui::Protegido(origen, [this, i] { Option1_Click(i); }); });
+        ui::Conecta(Option1[static_cast<size_t>(i)], &QRadioButton::clicked, this, origen, &Sol1::Option1_Click, i);
     ui::Conecta(ListView1, &controles::ListView::Click, this, origen, &Sol1::ListView1_Click);
     ui::Conecta(ListView1, &controles::ListView::DblClick, this, origen, &Sol1::ListView1_DblClick);
-    connect(ListView1, &controles::ListView::ColumnClick, this,
-            [this](int i) { ui::Protegido(origen, [this, i] { ListView1_ColumnClick(i); }); });
+    ui::Conecta(ListView1, &controles::ListView::ColumnClick, this, origen, &Sol1::ListView1_ColumnClick);
 }
 
 Sol1::~Sol1() = default;

@@ -105,6 +105,23 @@ void Conecta(Emisor* emisor, Senal senal, Pantalla* pantalla, const QString& ori
     });
 }
 
+// The same for a handler that takes the signal's number (a column clicked, a row).
+template <class Emisor, class Senal, class Pantalla, class Clase>
+void Conecta(Emisor* emisor, Senal senal, Pantalla* pantalla, const QString& origen, void (Clase::*manejador)(int)) {
+    QObject::connect(emisor, senal, pantalla, [pantalla, manejador, origen](int valor) {
+        Protegido(origen, [pantalla, manejador, valor] { (pantalla->*manejador)(valor); });
+    });
+}
+
+// The same for one control of an array of them: the handler gets the control's index.
+template <class Emisor, class Senal, class Pantalla, class Clase>
+void Conecta(Emisor* emisor, Senal senal, Pantalla* pantalla, const QString& origen, void (Clase::*manejador)(int),
+             int indice) {
+    QObject::connect(emisor, senal, pantalla, [pantalla, manejador, origen, indice] {
+        Protegido(origen, [pantalla, manejador, indice] { (pantalla->*manejador)(indice); });
+    });
+}
+
 // The hourglass over a screen while it lives, for work the analyst waits on. Boxes shown meanwhile keep
 // their own arrow; the cursor comes back however the work ends.
 class CursorEspera {
