@@ -28,12 +28,7 @@ Form2::Form2(QWidget* padre) : QDialog(padre) {
     setWindowTitle(QStringLiteral("Control de títulos por solicitud"));
 
     Web = ui::Sistema().CreaVistaHtml(this);
-    Frame1 = new QGroupBox(this);
-    Frame1->setObjectName(QStringLiteral("Frame1"));
-    ListView1 = new controles::ListView(Frame1);
-    ListView1->setObjectName(QStringLiteral("ListView1"));
-    auto* marco = new QVBoxLayout(Frame1);
-    marco->addWidget(ListView1);
+    ListView1 = controles::ListaEnMarco(this, Frame1, QStringLiteral("Frame1"));
 
     Command1 = new QPushButton(QStringLiteral("&Agregar"), this);
     Command2 = new QPushButton(QStringLiteral("&Modificar"), this);

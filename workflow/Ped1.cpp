@@ -34,12 +34,7 @@ Ped1::Ped1(QWidget* padre) : QDialog(padre) {
     setObjectName(QStringLiteral("Ped1"));
     setWindowTitle(QStringLiteral("Pedidos"));
 
-    Frame2 = new QGroupBox(this);
-    Frame2->setObjectName(QStringLiteral("Frame2"));
-    ListView1 = new controles::ListView(Frame2);
-    ListView1->setObjectName(QStringLiteral("ListView1"));
-    auto* marco = new QVBoxLayout(Frame2);
-    marco->addWidget(ListView1);
+    ListView1 = controles::ListaEnMarco(this, Frame2, QStringLiteral("Frame2"));
 
     Label2 = new QLabel(QStringLiteral("Se muestran solamente las solicitudes no procesadas"), this);
     Label2->setObjectName(QStringLiteral("Label2"));

@@ -40,12 +40,7 @@ Recep::Recep(QWidget* padre) : QDialog(padre) {
     Label1 = new QLabel(QStringLiteral("NOTA: Se muestran solamente aquellas solicitudes marcadas como PEDIDAS"), this);
     Label1->setObjectName(QStringLiteral("Label1"));
 
-    Frame2 = new QGroupBox(this);
-    Frame2->setObjectName(QStringLiteral("Frame2"));
-    ListView1 = new controles::ListView(Frame2);
-    ListView1->setObjectName(QStringLiteral("ListView1"));
-    auto* marco = new QVBoxLayout(Frame2);
-    marco->addWidget(ListView1);
+    ListView1 = controles::ListaEnMarco(this, Frame2, QStringLiteral("Frame2"));
 
     Option1[0] = new QRadioButton(QStringLiteral("Mostrar sólo los pedidos pendientes"), this);
     Option1[1] = new QRadioButton(QStringLiteral("Mostrar los pedidos ya procesados"), this);

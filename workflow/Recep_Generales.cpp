@@ -36,12 +36,7 @@ Recep_Generales::Recep_Generales(QWidget* padre) : QDialog(padre) {
     setWindowTitle(QStringLiteral("Recepción"));
 
     Web = ui::Sistema().CreaVistaHtml(this);
-    Frame2 = new QGroupBox(this);
-    Frame2->setObjectName(QStringLiteral("Frame2"));
-    ListView1 = new controles::ListView(Frame2);
-    ListView1->setObjectName(QStringLiteral("ListView1"));
-    auto* marco = new QVBoxLayout(Frame2);
-    marco->addWidget(ListView1);
+    ListView1 = controles::ListaEnMarco(this, Frame2, QStringLiteral("Frame2"));
 
     Command1 = new QPushButton(QStringLiteral("Adquirido"), this);
     Command2 = new QPushButton(QStringLiteral("No recibido"), this);

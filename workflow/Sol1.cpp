@@ -25,12 +25,7 @@ Sol1::Sol1(QWidget* padre) : QDialog(padre) {
     setObjectName(QStringLiteral("Sol1"));
     setWindowTitle(QStringLiteral("Control de solicitudes de libros"));
 
-    Frame2 = new QGroupBox(this);
-    Frame2->setObjectName(QStringLiteral("Frame2"));
-    ListView1 = new controles::ListView(Frame2);
-    ListView1->setObjectName(QStringLiteral("ListView1"));
-    auto* marco = new QVBoxLayout(Frame2);
-    marco->addWidget(ListView1);
+    ListView1 = controles::ListaEnMarco(this, Frame2, QStringLiteral("Frame2"));
 
     Option1[0] = new QRadioButton(QStringLiteral("Ver todas las Solicitudes"), this);
     Option1[1] = new QRadioButton(QStringLiteral("Ignorar las solicitudes ya procesadas"), this);

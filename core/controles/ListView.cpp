@@ -4,10 +4,12 @@
 #include "core/vb/Error.h"
 
 #include <QCollator>
+#include <QGroupBox>
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QPainter>
 #include <QStyledItemDelegate>
+#include <QVBoxLayout>
 #include <algorithm>
 #include <cmath>
 
@@ -408,6 +410,16 @@ void OrdenaPorColumna(ListView& lista, int indiceEncabezado) {
     lista.setSortOrder(std::abs(valor) == 1 ? ListView::lvwDescending : ListView::lvwAscending);
     lista.setSortKey(indiceEncabezado - 1);
     lista.setSorted(true);
+}
+
+ListView* ListaEnMarco(QWidget* pantalla, QGroupBox*& marco, const QString& nombreMarco) {
+    marco = new QGroupBox(pantalla);
+    marco->setObjectName(nombreMarco);
+    auto* lista = new ListView(marco);
+    lista->setObjectName(QStringLiteral("ListView1"));
+    auto* disposicion = new QVBoxLayout(marco);
+    disposicion->addWidget(lista);
+    return lista;
 }
 
 }  // namespace controles

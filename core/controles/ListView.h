@@ -5,6 +5,8 @@
 #include "core/vb/Variant.h"
 
 #include <QTreeWidget>
+
+class QGroupBox;
 #include <memory>
 #include <vector>
 
@@ -190,5 +192,9 @@ private:
 // The column-click sort every list screen shares: a first click on a column sorts it ascending, a click on
 // the column already sorted reverses it; each column keeps its direction in its header's Tag.
 void OrdenaPorColumna(ListView& lista, int indiceEncabezado);
+
+// A list filling a framed group of a screen, as the workflow screens show theirs, with the group's caption
+// left for the count. The frame is named `nombreMarco`, the list "ListView1".
+ListView* ListaEnMarco(QWidget* pantalla, QGroupBox*& marco, const QString& nombreMarco);
 
 }  // namespace controles
