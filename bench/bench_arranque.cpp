@@ -8,7 +8,6 @@
 #include "core/dao/Dao.h"
 #include "core/ui/PlataformaPrueba.h"
 
-#include <QApplication>
 #include <QTemporaryDir>
 #include <benchmark/benchmark.h>
 #include <sqlite3.h>
@@ -67,12 +66,3 @@ void BM_ArranqueHastaElDialogo(benchmark::State& state) {
 BENCHMARK(BM_ArranqueHastaElDialogo)->Unit(benchmark::kMillisecond);
 
 }  // namespace
-
-int main(int argc, char** argv) {
-    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
-    QApplication app(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    benchmark::Shutdown();
-    return 0;
-}

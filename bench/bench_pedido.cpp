@@ -100,14 +100,15 @@ BasePedido& Base() {
 // The query of the order screen, for the reports' routines measured alone.
 globales::ConsultaDatos ConsultaPedido() {
     globales::ConsultaDatos c;
-    c.Campos = QStringLiteral(
-        "ClaveLibro, NoSolicitud as Solicitud, Titulo, ISBN, Autor,[Ejemplares Pedidos], Editoriales.Nombre as Editorial, "
-        "Edicion");
-    c.Clave = QStringLiteral(
-                  "([Solicitudes Libros] left join [Editoriales] on [Solicitudes Libros].NoEditorial = Editoriales.[No]) "
-                  "where NoSolicitud in (") +
-              Base().lista + QStringLiteral(")");
+    Ped1_Repor::PreparaConsulta(c, Base().lista);
     return c;
+}
+
+// The order document, as the screen builds it.
+QString DocumentoPedido(const globales::ConsultaDatos& c = ConsultaPedido()) {
+    bool vacio = false;
+    QString resumen;
+    return reportes::xml_in(c, hoja, QStringLiteral("Pedidos"), QStringLiteral("Libro"), QString(), vacio, resumen, false);
 }
 
 // What the screen's load does, as the analyst waits for it.
@@ -145,10 +146,7 @@ void BM_SoloXml(benchmark::State& state) {
     Instala();
     const globales::ConsultaDatos c = ConsultaPedido();
     for (auto _ : state) {
-        bool vacio = false;
-        QString resumen;
-        const QString xml = reportes::xml_in(c, hoja, QStringLiteral("Pedidos"), QStringLiteral("Libro"), QString(), vacio,
-                                             resumen, false);
+        const QString xml = DocumentoPedido(c);
         benchmark::DoNotOptimize(xml.size());
     }
 }
@@ -156,10 +154,7 @@ BENCHMARK(BM_SoloXml)->Unit(benchmark::kMillisecond);
 
 void BM_SoloHtmlEnLaVista(benchmark::State& state) {
     PlataformaBanco& p = Instala();
-    bool vacio = false;
-    QString resumen;
-    const QString xml = reportes::xml_in(ConsultaPedido(), hoja, QStringLiteral("Pedidos"), QStringLiteral("Libro"),
-                                         QString(), vacio, resumen, false);
+    const QString xml = DocumentoPedido();
     QWidget padre;
     auto vista = p.CreaVistaHtml(&padre);
     for (auto _ : state) {
@@ -172,11 +167,7 @@ BENCHMARK(BM_SoloHtmlEnLaVista)->Unit(benchmark::kMillisecond);
 // The style sheet alone, as Htm_gen runs it: parse the document and the sheet, transform, serialise.
 void BM_SoloTransformacion(benchmark::State& state) {
     Instala();
-    bool vacio = false;
-    QString resumen;
-    const QByteArray xml = reportes::xml_in(ConsultaPedido(), hoja, QStringLiteral("Pedidos"), QStringLiteral("Libro"),
-                                            QString(), vacio, resumen, false)
-                               .toUtf8();
+    const QByteArray xml = DocumentoPedido().toUtf8();
     const QByteArray ruta = rutas::Instalacion(hoja).toLocal8Bit();
     for (auto _ : state) {
         xmlDoc* doc = xmlReadMemory(xml.constData(), static_cast<int>(xml.size()), nullptr, "UTF-8", XML_PARSE_NONET);
@@ -197,10 +188,7 @@ BENCHMARK(BM_SoloTransformacion)->Unit(benchmark::kMillisecond);
 // The finished page written into the Qt view alone.
 void BM_SoloVistaQt(benchmark::State& state) {
     PlataformaBanco& p = Instala();
-    bool vacio = false;
-    QString resumen;
-    const QString xml = reportes::xml_in(ConsultaPedido(), hoja, QStringLiteral("Pedidos"), QStringLiteral("Libro"),
-                                         QString(), vacio, resumen, false);
+    const QString xml = DocumentoPedido();
     QWidget padre;
     auto vista = p.CreaVistaHtml(&padre);
     const QString html = reportes::Htm_gen(xml, *vista, hoja);
@@ -214,13 +202,3 @@ void BM_SoloVistaQt(benchmark::State& state) {
 BENCHMARK(BM_SoloVistaQt)->Unit(benchmark::kMillisecond);
 
 }  // namespace
-
-int main(int argc, char** argv) {
-    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
-    QApplication app(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    benchmark::Shutdown();
-    globales::BaseDatos.reset();
-    return 0;
-}

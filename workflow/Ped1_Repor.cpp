@@ -62,22 +62,26 @@ Ped1_Repor::~Ped1_Repor() = default;
 void Ped1_Repor::Form_Load() {
     Marcado = false;
     globales::ConsultaDatos& c = globales::Consulta;
-    c.Campos = QStringLiteral(
-        "ClaveLibro, NoSolicitud as Solicitud, Titulo, ISBN, Autor,[Ejemplares Pedidos], Editoriales.Nombre as Editorial, "
-        "Edicion");
-    c.Clave = QStringLiteral(
-                  "([Solicitudes Libros] left join [Editoriales] on [Solicitudes Libros].NoEditorial = Editoriales.[No]) "
-                  "where NoSolicitud in (") +
-              globales::NavValor.text() + QStringLiteral(")");
-    c.Tabla.clear();
-    c.Valor.clear();
-    c.Orden.clear();
+    PreparaConsulta(c, globales::NavValor.text());
     // Whether the query came out empty, and the summary offered for a long one, are not looked at here.
     bool vacio = false;
     QString resumen;
     DocumentoXml = reportes::xml_in(c, hojaPedido, QStringLiteral("Pedidos"), QStringLiteral("Libro"), QString(), vacio,
                                     resumen, false);
     DocumentoHtml = reportes::Htm_gen(DocumentoXml, *ListView1, hojaPedido);
+}
+
+void Ped1_Repor::PreparaConsulta(globales::ConsultaDatos& c, const QString& solicitudes) {
+    c.Campos = QStringLiteral(
+        "ClaveLibro, NoSolicitud as Solicitud, Titulo, ISBN, Autor,[Ejemplares Pedidos], Editoriales.Nombre as Editorial, "
+        "Edicion");
+    c.Clave = QStringLiteral(
+                  "([Solicitudes Libros] left join [Editoriales] on [Solicitudes Libros].NoEditorial = Editoriales.[No]) "
+                  "where NoSolicitud in (") +
+              solicitudes + QStringLiteral(")");
+    c.Tabla.clear();
+    c.Valor.clear();
+    c.Orden.clear();
 }
 
 void Ped1_Repor::Command1_Click() {

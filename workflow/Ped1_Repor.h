@@ -7,6 +7,7 @@
 #include <memory>
 
 class QPushButton;
+namespace globales { struct ConsultaDatos; }
 
 class Ped1_Repor : public QDialog {
     Q_OBJECT
@@ -29,6 +30,8 @@ public:
     QString DocumentoHtml;
 
     void Form_Load();
+    // The order document's query for a comma list of request numbers, into the fields of `consulta` it uses.
+    static void PreparaConsulta(globales::ConsultaDatos& consulta, const QString& solicitudes);
     // Asked before the screen closes; true cancels the closing.
     void Form_QueryUnload(bool& Cancel);
     void Command1_Click();              // Marcar como pedidos
