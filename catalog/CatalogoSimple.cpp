@@ -505,6 +505,21 @@ void CatalogoSimple::GrabarRegistro() {
             Text1[static_cast<size_t>(i)]->setFocus();
         };
 
+        // A field shown as a combo takes the value behind the chosen item; a required one left empty is reported.
+        enum class DeCombo { NoEsCombo, Elegido, Vacio, Falta };
+        auto leeCombo = [&](int i, QString& valor) {
+            if (Padre->Combo_CampoValor(i).isEmpty()) return DeCombo::NoEsCombo;
+            const auto k = static_cast<size_t>(i);
+            const vb::Variant v = Obtener_Valor_desde_Mensaje(i, Combo1[k]->currentText());
+            if (!v.isEmpty()) {
+                valor = v.text();
+                return DeCombo::Elegido;
+            }
+            if (!RsCaptura->Fields(i).Required()) return DeCombo::Vacio;
+            faltaValor(i, Combo1[k]);
+            return DeCombo::Falta;
+        };
+
         if (EstadoEdicion == 1) {
             QString campos, valores;
             for (int i = 0; i < NumCampos; ++i) {
@@ -512,16 +527,12 @@ void CatalogoSimple::GrabarRegistro() {
                 dao::Field& campo = RsCaptura->Fields(i);
                 const QString texto = Text1[k]->text();
                 QString valor;
-                if (!Padre->Combo_CampoValor(i).isEmpty()) {
-                    const vb::Variant v = Obtener_Valor_desde_Mensaje(i, Combo1[k]->currentText());
-                    if (!v.isEmpty()) {
-                        valor = v.text();
-                    } else if (campo.Required()) {
-                        faltaValor(i, Combo1[k]);
-                        return;
-                    } else {
-                        valor = QStringLiteral("NULL");
-                    }
+                const DeCombo combo = leeCombo(i, valor);
+                if (combo == DeCombo::Falta) return;
+                if (combo == DeCombo::Vacio) {
+                    valor = QStringLiteral("NULL");
+                } else if (combo == DeCombo::Elegido) {
+                    // the item's value, as read
                 } else if (campo.Required() && vb::Trim(texto).isEmpty()) {
                     faltaValor(i, Text1[k]);
                     return;
@@ -580,16 +591,11 @@ void CatalogoSimple::GrabarRegistro() {
                 const QString texto = Text1[k]->text();
                 const QString nombre = QStringLiteral("[") + campo.Name() + QStringLiteral("] = ");
                 QString valor;
-                if (!Padre->Combo_CampoValor(i).isEmpty()) {
-                    const vb::Variant v = Obtener_Valor_desde_Mensaje(i, Combo1[k]->currentText());
-                    if (!v.isEmpty()) {
-                        valor = v.text();
-                    } else if (campo.Required()) {
-                        faltaValor(i, Combo1[k]);
-                        return;
-                    } else {
-                        continue;   // left out of the statement
-                    }
+                const DeCombo combo = leeCombo(i, valor);
+                if (combo == DeCombo::Falta) return;
+                if (combo == DeCombo::Vacio) continue;   // left out of the statement
+                if (combo == DeCombo::Elegido) {
+                    // the item's value, as read
                 } else if (campo.Required() && vb::Trim(texto).isEmpty()) {
                     faltaValor(i, Text1[k]);
                     return;
