@@ -162,12 +162,16 @@ void Form2::ListView1_Click() {
 
 void Form2::ListView1_ColumnClick(int indiceEncabezado) { controles::OrdenaPorColumna(*ListView1, indiceEncabezado); }
 
-void Form2::Command1_Click() {
-    globales::TitModo = 1;
+void Form2::MuestraEditorDeTitulo() {
     Sol_Libros pantalla(this);
     pantalla.Titulos = this;
     pantalla.Form_Load();
     ui::Sistema().MuestraModal(pantalla);
+}
+
+void Form2::Command1_Click() {
+    globales::TitModo = 1;
+    MuestraEditorDeTitulo();
 }
 
 void Form2::Command2_Click() {
@@ -179,10 +183,7 @@ void Form2::Command2_Click() {
     const controles::ListItem* fila = ListView1->FindItem(clave);
     EstadoTitulo = fila ? fila->SubItems(6) : QString();
     if (EstadoTitulo.isEmpty()) EstadoTitulo = QStringLiteral("S");
-    Sol_Libros pantalla(this);
-    pantalla.Titulos = this;
-    pantalla.Form_Load();
-    ui::Sistema().MuestraModal(pantalla);
+    MuestraEditorDeTitulo();
 }
 
 void Form2::Command3_Click() {

@@ -50,6 +50,8 @@ private:
     void HabilitaBotones(bool habilita);
     void LlenaTitulos();
     void MuestraCuenta();
+    // The title editor over this screen, in the mode TitModo says.
+    void MuestraEditorDeTitulo();
     void EscribeEncabezado(const QString& solicitud, const QString& fecha, const QString& solicitante,
                            const QString& escuela, const QString& biblioteca);
     QString TextoSeleccionado() const;
