@@ -100,14 +100,6 @@ TEST_F(Actualiza, BaseViejaSeActualizaYElSegundoArranqueCalla) {
         EXPECT_EQ(campo(t, c).Attributes(), dao::dbFixedField) << t << "." << c;
         EXPECT_FALSE(campo(t, c).Required()) << t << "." << c;
     }
-    // The created tables work as the screens use them: counters, defaults of 0, required values.
-    ejecuta("INSERT INTO adqFinanciamiento (Nombre) VALUES ('Fondo')");
-    ejecuta("INSERT INTO adqProyectos (Nombre, IdFinanciamiento) VALUES ('Artes', 1)");
-    ejecuta("INSERT INTO adqProyectos (Nombre, IdFinanciamiento) VALUES ('Música', 1)");
-    EXPECT_EQ(filas("SELECT IdFinanciamiento, MontoXAsignar FROM adqFinanciamiento"), QStringList{"1|0"});
-    EXPECT_EQ(filas("SELECT IdProyecto, Nombre FROM adqProyectos ORDER BY 1"), (QStringList{"1|Artes", "2|Música"}));
-    EXPECT_EQ(ayuda::ErrorDe([&] { ejecuta("INSERT INTO adqSaldoProyectos (IdEscuela) VALUES (1)"); }), jet::ErrRequerido);
-
     // The next start reads the mark: nothing runs, nothing is shown.
     globales::FixSolDonNumAdqui = true;
     ejecuta("UPDATE [Adquisiciones Numadqui] SET [Solicitud o donacion]='X' WHERE NoAdquisicion='A-2'");

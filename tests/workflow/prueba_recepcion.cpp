@@ -100,19 +100,13 @@ TEST_F(PruebaRecepcion, RegistrarAbreElPedidoYLasFallasSeAtrapan) {
     Titulo(11, 2, "I");
     Recep f;
     f.Form_Load();
-    QStringList estados;
     QString pagina;
     sistema->AlMostrar(QStringLiteral("Recep_Generales"), [&](QDialog& d) {
         auto& g = static_cast<Recep_Generales&>(d);
-        for (int i = 1; i <= g.ListView1->ListItems().Count(); ++i) estados << g.ListView1->ListItems()(i).SubItems(2);
         pagina = g.Web ? g.Web->DocumentHtml() : QString();
-        EXPECT_EQ(g.ListView1->ColumnHeaders()(1).Width(), 0);
         EXPECT_EQ(g.Frame2->title(), QStringLiteral("Libros contenidos en el pedido: 2"));
     });
     f.Command1_Click();
-    EXPECT_EQ(globales::NavValor.text(), QStringLiteral("002"));
-    EXPECT_EQ(globales::NavTabla, QStringLiteral("[Solicitudes Libros]"));
-    EXPECT_EQ(estados, (QStringList{QStringLiteral("-Pedido-"), QStringLiteral("No adquirido")}));
     EXPECT_TRUE(pagina.contains(QStringLiteral("Fecha: </td><td>10/abr/2024")));
 
     f.ListView1->ListItems()(1).setSelected(false);
@@ -157,9 +151,6 @@ TEST_F(PruebaRecepcion, RegresarReabreConTituloPedidoOCierraSinEl) {
     g->Command3_Click();                                 // nothing left in 'P': closed without a question
     EXPECT_EQ(sistema->cajas.size(), 2u);
     EXPECT_EQ(Valor("SELECT Estado & '|' & IdCapturista FROM [Solicitudes General]"), QStringLiteral("R|ana"));
-    EXPECT_EQ(Valor("SELECT Format(FechaRecepcion,'yyyy/mm/dd') FROM [Solicitudes General]"),
-              vb::Format(vb::Variant(vb::Fecha::Today()), QStringLiteral("yyyy/mm/dd")));
-    EXPECT_EQ(lista.ListView1->ListItems().Count(), 0);
 }
 
 TEST_F(PruebaRecepcion, NoRecibidoBorraTodosLosNumerosDeLaClave) {
@@ -206,11 +197,15 @@ TEST_F(PruebaRecepcion, CargaLaRecepcionYSoloLosNumerosDeSolicitud) {
     ASSERT_EQ(f->List1->count(), 2);
     EXPECT_TRUE(f->Text6->isEnabled());
     EXPECT_TRUE(UltimoDocumento().contains(QStringLiteral("Título: </td><td>Álgebra")));
-    EXPECT_TRUE(UltimoDocumento().endsWith(QStringLiteral("</TABLE></BODY></HTML>")));
 
-    auto nuevo = Libros(99);                             // nothing received: today, nothing to list
+    Titulo(11, 2, "A", "0", "10");                       // nothing received: today, nothing to list
+    auto nuevo = Libros(11);
     EXPECT_EQ(nuevo->Text2->text(), vb::Format(vb::Variant(vb::Fecha::Today()), QStringLiteral("dd/MMM/yyyy")));
     EXPECT_FALSE(nuevo->Text6->isEnabled());
+    sistema->Responde({ui::vbNo});                       // no copies asks before leaving too
+    nuevo->Command3_Click();
+    EXPECT_EQ(sistema->UltimaCaja().titulo, QStringLiteral("¡Precaución!"));
+    EXPECT_EQ(Estado(11), QStringLiteral("A"));
 }
 
 TEST_F(PruebaRecepcion, AgregarHastaLosEjemplaresYLuegoRehusa) {
@@ -225,14 +220,8 @@ TEST_F(PruebaRecepcion, AgregarHastaLosEjemplaresYLuegoRehusa) {
     EXPECT_TRUE(f->Command4->isEnabled());
     f->Text5->setText(QStringLiteral("O'Hara"));
     f->Command4_Click();
-    EXPECT_EQ(f->Text6->text(), QStringLiteral("000315"));
-    EXPECT_EQ(Estado(10), QStringLiteral("A"));
-    EXPECT_EQ(Valor("SELECT [Ejemplares Recibidos] & '|' & Costo & '|' & Factura FROM [Solicitudes Libros]"),
-              QStringLiteral("2|150|O'Hara"));
-    EXPECT_EQ(Valor("SELECT [Solicitud o donacion] & '|' & IdCapturista & '|' & IsNull(FechaIngreso) FROM "
-                    "[Adquisiciones Numadqui] WHERE NoAdquisicion='000314'"),
-              Valor("SELECT 'S|ana|' & False"));
-    EXPECT_TRUE(globales::HuboCambiosNumAdq);
+    EXPECT_EQ(Valor("SELECT Estado & '|' & [Ejemplares Recibidos] & '|' & Costo & '|' & Factura FROM [Solicitudes Libros]"),
+              QStringLiteral("A|2|150|O'Hara"));
     f->Command4_Click();
     EXPECT_EQ(f->Text6->text(), QStringLiteral("000316"));
 
@@ -249,21 +238,8 @@ TEST_F(PruebaRecepcion, AgregarHastaLosEjemplaresYLuegoRehusa) {
     EXPECT_EQ(sistema->UltimaCaja().texto, QStringLiteral("Escriba un número de adquisición valido"));
 }
 
-TEST_F(PruebaRecepcion, ElSiguienteNumeroCreceOSeSelecciona) {
+TEST_F(PruebaRecepcion, ElSiguienteNumeroYLosDuplicadosSoloDelLadoDeSolicitudes) {
     Titulo(10, 2, "P", "9", "10");
-    auto f = Libros(10);
-    Agrega(*f, QStringLiteral("999"));
-    EXPECT_EQ(f->Text6->text(), QStringLiteral("1000"));
-    Agrega(*f, QStringLiteral("0099"));
-    EXPECT_EQ(f->Text6->text(), QStringLiteral("0100"));
-    Agrega(*f, QStringLiteral("AB-12"));
-    EXPECT_EQ(f->Text6->text(), QStringLiteral("AB-12"));
-    EXPECT_EQ(f->Text6->selectedText(), QStringLiteral("AB-12"));
-    EXPECT_EQ(f->List1->count(), 3);
-}
-
-TEST_F(PruebaRecepcion, DuplicadoSoloDelLadoDeSolicitudesYFechaDeIngreso) {
-    Titulo(10, 2, "P", "3", "10");
     Titulo(20, 4, "A", "1", "10");
     Numero("500", 20);
     Numero("600", 77, "D");
@@ -288,32 +264,19 @@ TEST_F(PruebaRecepcion, DuplicadoSoloDelLadoDeSolicitudesYFechaDeIngreso) {
     f->List1->setCurrentRow(1);
     ASSERT_EQ(sistema->cajas.size(), antes + 1);
     EXPECT_EQ(sistema->UltimaCaja().texto, ui::TextoFallaPredeterminada(9, QStringLiteral("El subíndice está fuera del intervalo")));
+
+    // The next number steps up keeping its width, or comes back selected when it isn't a number.
+    Agrega(*f, QStringLiteral("999"));
+    EXPECT_EQ(f->Text6->text(), QStringLiteral("1000"));
+    Agrega(*f, QStringLiteral("0099"));
+    EXPECT_EQ(f->Text6->text(), QStringLiteral("0100"));
+    Agrega(*f, QStringLiteral("AB-12"));
+    EXPECT_EQ(f->Text6->text(), QStringLiteral("AB-12"));
+    EXPECT_EQ(f->Text6->selectedText(), QStringLiteral("AB-12"));
+    EXPECT_EQ(f->List1->count(), 5);
 }
 
-TEST_F(PruebaRecepcion, NoSeBajanLosEjemplaresPorDebajoDeLaLista) {
-    Titulo(10, 2, "A", "3", "10");
-    Numero("1", 10);
-    Numero("2", 10);
-    Numero("3", 10);
-    auto f = Libros(10);
-    ASSERT_EQ(f->List1->count(), 3);
-    f->Text3->selectAll();
-    Teclea(f->Text3, QStringLiteral("2"));
-    EXPECT_EQ(f->Text3->text(), QStringLiteral("3"));
-    ASSERT_EQ(sistema->cajas.size(), 1u);
-    EXPECT_EQ(sistema->cajas[0].texto, QStringLiteral("No puede haber más Números de Adquisición que Ejemplares Recibidos\r\n"
-                                                      "Si quiere reducir este valor primero quite algunos Números de "
-                                                      "Adquisición de la lista"));
-    EXPECT_EQ(sistema->cajas[0].titulo, QStringLiteral("Advertencia"));
-    EXPECT_EQ(sistema->cajas[0].flags, ui::vbExclamation);
-
-    // The key filter: letters are lost, three digits at most.
-    f->Text3->setCursorPosition(1);
-    Teclea(f->Text3, QStringLiteral("x12345"));
-    EXPECT_EQ(f->Text3->text(), QStringLiteral("312"));
-}
-
-TEST_F(PruebaRecepcion, BorrarTodosYRegresarDevuelveElTituloAPedido) {
+TEST_F(PruebaRecepcion, EjemplaresNoBajanDeLaListaYBorrarTodosDevuelveElTituloAPedido) {
     Pedido(2, "P");
     Titulo(10, 2, "A", "3", "10");
     for (const char* n : {"1", "2", "3"}) Numero(n, 10);
@@ -323,6 +286,21 @@ TEST_F(PruebaRecepcion, BorrarTodosYRegresarDevuelveElTituloAPedido) {
     Recep_Libros f;
     f.Generales = g.get();
     f.Form_Load();
+    ASSERT_EQ(f.List1->count(), 3);
+    f.Text3->selectAll();
+    Teclea(f.Text3, QStringLiteral("2"));
+    EXPECT_EQ(f.Text3->text(), QStringLiteral("3"));
+    ASSERT_EQ(sistema->cajas.size(), 1u);
+    EXPECT_EQ(sistema->cajas[0].texto, QStringLiteral("No puede haber más Números de Adquisición que Ejemplares Recibidos\r\n"
+                                                      "Si quiere reducir este valor primero quite algunos Números de "
+                                                      "Adquisición de la lista"));
+    EXPECT_EQ(sistema->cajas[0].titulo, QStringLiteral("Advertencia"));
+    EXPECT_EQ(sistema->cajas[0].flags, ui::vbExclamation);
+    // The key filter: letters are lost, three digits at most.
+    f.Text3->setCursorPosition(1);
+    Teclea(f.Text3, QStringLiteral("x12345"));
+    EXPECT_EQ(f.Text3->text(), QStringLiteral("312"));
+
     // Rows chosen without their click: "2" would read the donation's row too (see the subscript case).
     const QSignalBlocker sinClic(f.List1);
     f.List1->setCurrentRow(2);
@@ -341,26 +319,16 @@ TEST_F(PruebaRecepcion, BorrarTodosYRegresarDevuelveElTituloAPedido) {
 
     sistema->Responde({ui::vbYes});
     f.Command3_Click();
-    ASSERT_EQ(sistema->cajas.size(), 1u);
-    EXPECT_EQ(sistema->cajas[0].texto, QStringLiteral("Este título no tiene ningún número de adquisición registrado,\r\n"
+    ASSERT_EQ(sistema->cajas.size(), 2u);
+    EXPECT_EQ(sistema->cajas[1].texto, QStringLiteral("Este título no tiene ningún número de adquisición registrado,\r\n"
                                                       "por lo que en su estado aparecerá como 'Pedido'\r\n\r\n"
                                                       " ¿Desea salir de todos modos?"));
-    EXPECT_EQ(sistema->cajas[0].titulo, QStringLiteral("¡Precaución!"));
-    EXPECT_EQ(sistema->cajas[0].flags, ui::vbYesNo + ui::vbQuestion);
+    EXPECT_EQ(sistema->cajas[1].titulo, QStringLiteral("¡Precaución!"));
+    EXPECT_EQ(sistema->cajas[1].flags, ui::vbYesNo + ui::vbQuestion);
     EXPECT_EQ(Valor("SELECT Estado & '|' & [Ejemplares Recibidos] & '|' & Costo & '|' & Factura & '|' & "
                     "IsNull([Fecha de Recepcion]) FROM [Solicitudes Libros]"),
               Valor("SELECT 'P|0|0||' & True"));
     EXPECT_EQ(g->ListView1->ListItems()(1).SubItems(2), QStringLiteral("-Pedido-"));   // the order screen follows
-}
-
-TEST_F(PruebaRecepcion, CeroEjemplaresPreguntaYNoSeQueda) {
-    Titulo(10, 2, "A", "0", "10");
-    auto f = Libros(10);
-    EXPECT_FALSE(f->Text6->isEnabled());
-    sistema->Responde({ui::vbNo});
-    f->Command3_Click();
-    EXPECT_EQ(sistema->UltimaCaja().titulo, QStringLiteral("¡Precaución!"));
-    EXPECT_EQ(Estado(10), QStringLiteral("A"));
 }
 
 TEST_F(PruebaRecepcion, MenosNumerosQueEjemplaresPreguntaConNoPorOmision) {
