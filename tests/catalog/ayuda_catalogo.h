@@ -2,21 +2,14 @@
 // What the catalog tests share: a fresh database with every table in a temporary folder, installed as the
 // program's database, and the scripted platform that records boxes, answers them and drives the modal
 // screens.
-#include "core/Esquema.h"
-#include "core/Globales.h"
-#include "core/dao/Dao.h"
-#include "core/ui/PlataformaPrueba.h"
+#include "ayuda_prueba.h"
 
 #include <QApplication>
 #include <QDialog>
 #include <QTemporaryDir>
 #include <functional>
-#include <ostream>
 #include <gtest/gtest.h>
 #include <vector>
-
-// gtest shows a text as text.
-inline void PrintTo(const QString& s, std::ostream* os) { *os << '"' << s.toStdString() << '"'; }
 
 namespace prueba {
 
@@ -35,26 +28,15 @@ protected:
 
     void SetUp() override {
         AseguraAplicacion();
-        auto p = std::make_unique<ui::PlataformaPrueba>();
-        sistema = p.get();
+        sistema = InstalaBaseNueva(dir);
         sistema->rutaPrograma = QStringLiteral(ADQ_SOURCE_DIR);
-        ui::InstalaPlataforma(std::move(p));
-        auto db = dao::Database::CreateDatabase(dir.filePath(QStringLiteral("KORVEL8.mdb")));
-        esquema::CreaTablas(*db);
-        globales::BaseDatos = std::move(db);
         globales::NoCuentaSeleccionada.clear();
         globales::EsCatalogoUsuarios = false;
     }
     void TearDown() override { globales::BaseDatos.reset(); }
 
     void Ejecuta(const QString& sql) { globales::Base().Execute(sql, dao::dbFailOnError); }
-    // The first column of the first row as text ("NULL" for Null, "" with no row).
-    QString Valor(const QString& sql) {
-        auto rs = globales::Base().OpenRecordset(sql);
-        if (rs->Eof()) return QString();
-        const vb::Variant v = rs->Fields(0).Value();
-        return v.isNull() ? QStringLiteral("NULL") : v.text();
-    }
+    QString Valor(const QString& sql) { return prueba::Valor(sql); }
     void Guion(const char* clase, std::function<void(QDialog&)> f) { sistema->AlMostrar(QLatin1String(clase), std::move(f)); }
     std::vector<ui::CajaMensaje>& Cajas() { return sistema->cajas; }
     void Responde(std::initializer_list<int> r) { sistema->Responde(r); }

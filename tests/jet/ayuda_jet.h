@@ -1,6 +1,8 @@
 #pragma once
 // What the engine's tests share: a fresh database with every table of the program in a temporary folder,
 // and short ways to run a statement, read a value, or catch the engine's error number.
+#include "texto_gtest.h"
+
 #include "core/Esquema.h"
 #include "core/dao/Dao.h"
 
@@ -93,6 +95,3 @@ protected:
 
 }  // namespace ayuda
 
-// A QString in a failure message.
-inline void PrintTo(const QString& s, std::ostream* os) { *os << '"' << s.toStdString() << '"'; }
-inline void PrintTo(const QStringList& l, std::ostream* os) { *os << '[' << l.join(QStringLiteral(", ")).toStdString() << ']'; }

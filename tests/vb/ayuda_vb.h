@@ -1,5 +1,7 @@
 #pragma once
 // Small helpers shared by the runtime tests.
+#include "texto_gtest.h"
+
 #include "core/vb/Error.h"
 
 #include <QString>
@@ -16,6 +18,3 @@ inline int NumeroDeError(const std::function<void()>& llamada) {
     return 0;
 }
 
-QT_BEGIN_NAMESPACE
-inline void PrintTo(const QString& s, std::ostream* os) { *os << '"' << s.toStdString() << '"'; }
-QT_END_NAMESPACE

@@ -1,18 +1,11 @@
 #pragma once
 // The set-up the workflow suites share: a fresh database with its schema, the scripted platform, an analyst
 // at work, two libraries and three schools; and the small readers the tests use to look at the rows.
-#include "core/Esquema.h"
-#include "core/Globales.h"
+#include "ayuda_prueba.h"
+
 #include "core/controles/ListView.h"
-#include "core/dao/Dao.h"
-#include "core/ui/PlataformaPrueba.h"
 
-#include <QTemporaryDir>
 #include <gtest/gtest.h>
-#include <memory>
-#include <ostream>
-
-inline void PrintTo(const QString& s, std::ostream* os) { *os << '"' << s.toStdString() << '"'; }
 
 class PruebaFlujo : public ::testing::Test {
 protected:
@@ -20,12 +13,7 @@ protected:
     ui::PlataformaPrueba* sistema = nullptr;
 
     void SetUp() override {
-        auto p = std::make_unique<ui::PlataformaPrueba>();
-        sistema = p.get();
-        ui::InstalaPlataforma(std::move(p));
-        auto db = dao::Database::CreateDatabase(dir.filePath(QStringLiteral("KORVEL8.mdb")));
-        esquema::CreaTablas(*db);
-        globales::BaseDatos = std::move(db);
+        sistema = prueba::InstalaBaseNueva(dir);
         globales::LoginAnalista = QStringLiteral("ana");
         globales::EtiquetaEscuela = QStringLiteral("Escuela");
         globales::NombreBiblioteca = QStringLiteral("Biblioteca");
@@ -49,12 +37,7 @@ protected:
     void Ejecuta(const char* sql) { globales::Base().Execute(QString::fromUtf8(sql), dao::dbFailOnError); }
     void Ejecuta(const QString& sql) { globales::Base().Execute(sql, dao::dbFailOnError); }
     // The first column of the first row, "NULL" for Null, "" when there is no row.
-    QString Valor(const QString& sql) {
-        auto rs = globales::Base().OpenRecordset(sql);
-        if (rs->Eof()) return QString();
-        const vb::Variant v = rs->Fields(0).Value();
-        return v.isNull() ? QStringLiteral("NULL") : v.text();
-    }
+    QString Valor(const QString& sql) { return prueba::Valor(sql); }
     QString Valor(const char* sql) { return Valor(QString::fromUtf8(sql)); }
     int Cuenta(const char* tabla) {
         return Valor(QStringLiteral("SELECT Count(*) FROM ") + QString::fromUtf8(tabla)).toInt();
