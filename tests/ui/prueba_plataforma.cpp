@@ -43,62 +43,6 @@ TEST_F(Plataforma_, ProtegidoMuestraLaFallaYNoLaDejaSalir) {
     EXPECT_EQ(sistema->cajas.size(), 3u);
 }
 
-TEST_F(Plataforma_, CajasContestadasPorGuion) {
-    // Without a script: the first button.
-    EXPECT_EQ(ui::Sistema().MsgBox(QStringLiteral("a")), ui::vbOK);
-    EXPECT_EQ(ui::Sistema().MsgBox(QStringLiteral("b"), ui::vbOKCancel | ui::vbQuestion), ui::vbOK);
-    EXPECT_EQ(ui::Sistema().MsgBox(QStringLiteral("c"), ui::vbYesNo + ui::vbQuestion, QStringLiteral("T")), ui::vbYes);
-    EXPECT_EQ(ui::Sistema().MsgBox(QStringLiteral("d"), ui::vbRetryCancel), ui::vbRetry);
-    // Queued answers first, in order, then the callback.
-    sistema->Responde({ui::vbNo, ui::vbCancel});
-    sistema->contesta = [](const ui::CajaMensaje& c) { return c.texto == QLatin1String("g") ? ui::vbNo : ui::vbYes; };
-    EXPECT_EQ(ui::Sistema().MsgBox(QStringLiteral("e"), ui::vbYesNo), ui::vbNo);
-    EXPECT_EQ(ui::Sistema().MsgBox(QStringLiteral("f"), ui::vbYesNoCancel), ui::vbCancel);
-    EXPECT_EQ(ui::Sistema().MsgBox(QStringLiteral("g"), ui::vbYesNo), ui::vbNo);
-
-    EXPECT_EQ(sistema->Textos(), (QStringList{"a", "b", "c", "d", "e", "f", "g"}));
-    EXPECT_EQ(sistema->cajas[2].flags, 36);
-    EXPECT_EQ(sistema->cajas[2].titulo, QStringLiteral("T"));
-    EXPECT_EQ(sistema->cajas[4].respuesta, ui::vbNo);
-    EXPECT_EQ(sistema->UltimaCaja().texto, QStringLiteral("g"));
-}
-
-class Interior : public QDialog {
-    Q_OBJECT
-};
-
-TEST_F(Plataforma_, PantallasModalesConGuion) {
-    QDialog exterior;
-    exterior.setObjectName(QStringLiteral("Sol1"));
-    Interior interior;
-    QStringList pasos;
-    // A screen found by object name opens a nested one, found by class name.
-    sistema->AlMostrar(QStringLiteral("Sol1"), [&](QDialog& d) {
-        pasos << d.objectName();
-        ui::Sistema().MuestraModal(interior);
-        pasos << QStringLiteral("fin");
-    });
-    sistema->AlMostrar(QStringLiteral("Interior"), [&](QDialog&) {
-        pasos << QStringLiteral("interior");
-        ui::Sistema().MsgBox(QStringLiteral("dentro"));
-    });
-    ui::Sistema().MuestraModal(exterior);
-    EXPECT_EQ(pasos, (QStringList{"Sol1", "interior", "fin"}));
-    EXPECT_EQ(sistema->modales, (QStringList{"QDialog", "Interior"}));
-    EXPECT_EQ(sistema->Textos(), QStringList{"dentro"});
-
-    // Without a script it returns at once; with muestraModales the screen is shown while its script runs.
-    QDialog otra;
-    ui::Sistema().MuestraModal(otra);
-    EXPECT_FALSE(otra.isVisible());
-    sistema->muestraModales = true;
-    bool visible = false;
-    sistema->AlMostrar(QStringLiteral("Interior"), [&](QDialog& d) { visible = d.isVisible(); });
-    ui::Sistema().MuestraModal(interior);
-    EXPECT_TRUE(visible);
-    EXPECT_FALSE(interior.isVisible());
-}
-
 TEST_F(Plataforma_, ArchivosYVistas) {
     sistema->archivos = {ui::RespuestaArchivo::Elige(QStringLiteral("/tmp/a.xml"), 2)};
     ui::DialogoArchivo d{QStringLiteral("Guardar"), QStringLiteral("HTML (*.htm)|*.htm|XML (*.xml)|*.xml"), 1, QString(), 0};
@@ -222,5 +166,3 @@ TEST(PlataformaQt, FocoSiguienteDespuesDelManejador) {
 }
 
 }  // namespace
-
-#include "prueba_plataforma.moc"
