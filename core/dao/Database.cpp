@@ -83,44 +83,7 @@ void Database::Close() {
     }
 }
 
-void Database::lanzaSqlite(int rc) const {
-    const QString msg = QString::fromUtf8(sqlite3_errmsg(db_));
-    int numero = 0;
-    QString argumento;
-    if (ErrorDeFuncion(msg, numero, argumento)) {
-        if (numero >= 3000) throw vb::Error(numero, argumento, QStringLiteral("Motor de base de datos"));
-        if (numero == 94) throw vb::Error(94, QStringLiteral("Uso no válido de Null"), QStringLiteral("Motor de base de datos"));
-        Lanza(numero);
-    }
-    const int extendido = sqlite3_extended_errcode(db_);
-    switch (extendido) {
-    case SQLITE_CONSTRAINT_UNIQUE:
-    case SQLITE_CONSTRAINT_PRIMARYKEY:
-    case SQLITE_CONSTRAINT_ROWID:
-        Lanza(ErrValorDuplicado);
-    case SQLITE_CONSTRAINT_NOTNULL: {
-        // "NOT NULL constraint failed: Tabla.Campo"
-        QString campo = msg.section(u':', 1).trimmed();
-        campo = campo.mid(campo.lastIndexOf(u'.') + 1);
-        Lanza(ErrRequerido, campo);
-    }
-    default:
-        break;
-    }
-    switch (rc & 0xFF) {
-    case SQLITE_BUSY:
-    case SQLITE_LOCKED: Lanza(ErrBloqueado);
-    case SQLITE_READONLY: Lanza(ErrSoloLectura);
-    case SQLITE_CONSTRAINT: Lanza(ErrValorDuplicado);
-    case SQLITE_CORRUPT:
-    case SQLITE_NOTADB: Lanza(ErrFormatoNoReconocido, ruta_);
-    case SQLITE_CANTOPEN: Lanza(ErrNoSePuedeAbrir, ruta_, msg);
-    case SQLITE_FULL: Lanza(3035);
-    default: break;
-    }
-    throw vb::Error(3000, QStringLiteral("Error reservado (%1); no hay mensaje para este error.").arg(msg),
-                    QStringLiteral("Motor de base de datos"));
-}
+void Database::lanzaSqlite(int rc) const { LanzaSqlite(db_, rc, ruta_); }
 
 void Database::abre(const QString& ruta, bool crear) {
     ruta_ = ruta;
@@ -148,6 +111,7 @@ void Database::abre(const QString& ruta, bool crear) {
     tableDefs_.db_ = this;
     try {
         PreparaMetadatos(db_);
+        ActualizaIndicesDeTexto(db_);
     } catch (const vb::Error&) {
         // A database opened read-only by the system still reads; its bookkeeping tables are already there
         // or it was made by hand.

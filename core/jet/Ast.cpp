@@ -1,6 +1,15 @@
 #include "core/jet/Ast.h"
 
+#include "core/jet/ErroresMotor.h"
+
 namespace jet {
+
+Profundidad::Profundidad(int& n) : n_(n) {
+    if (++n_ > 8 * LimiteAnidamiento) {
+        --n_;
+        Lanza(ErrConsultaCompleja);
+    }
+}
 
 bool EsNumerico(TipoCampo t) {
     switch (t) {

@@ -20,6 +20,25 @@ bool EsNumerico(TipoCampo t);     // Boolean..Double
 bool EsTexto(TipoCampo t);        // Text, Memo
 int TamanoFijo(TipoCampo t);      // bytes a fixed-size type reports as Size; 0 for Text/Memo
 
+// How deep a statement may nest: parentheses, subqueries, NOT and signs, joins, and every operator that
+// wraps what stands before it. Far above what any screen writes, far below what the stack holds; beyond it
+// the engine says the query is too complex. A chain of one associative operator (a OR b OR c ...) is one
+// level however long it is.
+constexpr int LimiteAnidamiento = 32;
+
+// One level of a recursive walk over a tree (resolving, writing): refuses, with the engine's error for a
+// query too complex, a tree deeper than any the parser lets through.
+class Profundidad {
+public:
+    explicit Profundidad(int& n);
+    ~Profundidad() { --n_; }
+    Profundidad(const Profundidad&) = delete;
+    Profundidad& operator=(const Profundidad&) = delete;
+
+private:
+    int& n_;
+};
+
 struct Select;
 struct FuenteFrom;
 struct CampoDef;
@@ -30,7 +49,8 @@ enum class TipoExpr {
     Columna,     // calificador.nombre
     Estrella,    // * or calificador.*, only in a select list, Count(*)
     Unario,      // op: "-", "+", "NOT"
-    Binario,     // op: + - * / \ ^ & MOD = <> < > <= >= AND OR XOR EQV IMP
+    Binario,     // op: + - * / \ ^ & MOD = <> < > <= >= AND OR XOR EQV IMP; args: two, or for a chain of
+                 // one of AND OR & + * more, read as a left fold ((a op b) op c) ...
     Between,     // args: valor, desde, hasta; negado
     EnLista,     // args: valor, elementos...; negado
     EnSelect,    // args: valor; sub; negado

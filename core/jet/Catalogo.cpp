@@ -1,6 +1,7 @@
 #include "core/jet/Catalogo.h"
 
 #include "core/jet/ErroresMotor.h"
+#include "core/jet/FuncionesSqlite.h"
 
 #include <sqlite3.h>
 
@@ -21,6 +22,8 @@ QString CitaNombre(const QString& nombre) {
 QString CitaTexto(const QString& texto) {
     QString r = texto;
     r.replace(u'\'', QStringLiteral("''"));
+    // SQLite ends a literal at a NUL: one inside the text is joined in as a character of its own.
+    if (r.contains(QChar(0))) return QStringLiteral("('") + r.replace(QChar(0), QStringLiteral("' || char(0) || '")) + QStringLiteral("')");
     return u'\'' + r + u'\'';
 }
 
@@ -47,10 +50,10 @@ class Sentencia3 {
 public:
     Sentencia3(sqlite3* db, const QString& sql) {
         const QByteArray u = sql.toUtf8();
-        if (sqlite3_prepare_v2(db, u.constData(), static_cast<int>(u.size()), &st_, nullptr) != SQLITE_OK) {
-            const QString msg = QString::fromUtf8(sqlite3_errmsg(db));
+        const int rc = sqlite3_prepare_v2(db, u.constData(), static_cast<int>(u.size()), &st_, nullptr);
+        if (rc != SQLITE_OK) {
             st_ = nullptr;
-            throw vb::Error(3000, QStringLiteral("Error reservado (%1).").arg(msg));
+            LanzaSqlite(db, rc);
         }
     }
     ~Sentencia3() { sqlite3_finalize(st_); }
@@ -139,10 +142,10 @@ void PreparaMetadatos(sqlite3* db, const QString& esquema) {
                        "Requerido INTEGER NOT NULL, IgnoraNulos INTEGER NOT NULL, PRIMARY KEY (Tabla, Indice));")
             .arg(e);
     char* error = nullptr;
-    if (sqlite3_exec(db, sql.toUtf8().constData(), nullptr, nullptr, &error) != SQLITE_OK) {
-        const QString msg = QString::fromUtf8(error ? error : "");
+    const int rc = sqlite3_exec(db, sql.toUtf8().constData(), nullptr, nullptr, &error);
+    if (rc != SQLITE_OK) {
         sqlite3_free(error);
-        throw vb::Error(3051, DescripcionError(3051, QString(), msg));
+        LanzaSqlite(db, rc);
     }
 }
 
@@ -161,11 +164,9 @@ void Catalogo::ejecuta(const QString& sql) {
     char* error = nullptr;
     const int rc = sqlite3_exec(db_, sql.toUtf8().constData(), nullptr, nullptr, &error);
     if (rc != SQLITE_OK) {
-        const QString msg = QString::fromUtf8(error ? error : "");
         sqlite3_free(error);
         invalida();
-        if (rc == SQLITE_BUSY || rc == SQLITE_LOCKED) Lanza(ErrBloqueado);
-        throw vb::Error(3000, QStringLiteral("Error reservado (%1).").arg(msg));
+        LanzaSqlite(db_, rc);
     }
 }
 
@@ -308,7 +309,8 @@ QString SqlIndice(const QString& e, const TablaDef& t, const IndiceDef& i) {
     for (const auto& n : i.campos) {
         const CampoDef* c = t.campo(n);
         QString col = CitaNombre(c ? c->nombre : n);
-        if (c && EsTexto(c->tipo)) col += QStringLiteral(" COLLATE NOCASE");
+        // Text keys compare as the engine compares text: case-blind in every alphabet, accents kept.
+        if (c && EsTexto(c->tipo)) col += QStringLiteral(" COLLATE JETTEXT");
         cols << col;
     }
     return QStringLiteral("CREATE %1INDEX %2.%3 ON %4 (%5);")
@@ -317,6 +319,29 @@ QString SqlIndice(const QString& e, const TablaDef& t, const IndiceDef& i) {
 }
 
 }  // namespace
+
+void ActualizaIndicesDeTexto(sqlite3* db) {
+    // Files made before text keys folded every alphabet compared them in ASCII only: JOSÉ and josé were
+    // two keys. Each such index is rebuilt; one whose rows already hold such a pair keeps its old form.
+    QStringList antiguos;
+    {
+        Sentencia3 st(db, QStringLiteral("SELECT sql FROM main.sqlite_master WHERE type = 'index' AND sql LIKE "
+                                         "'%COLLATE NOCASE%'"));
+        while (st.paso()) antiguos << st.texto(0);
+    }
+    for (const QString& sql : antiguos) {
+        const int on = static_cast<int>(sql.indexOf(QLatin1String(" ON "), 0, Qt::CaseInsensitive));
+        const int inicio = static_cast<int>(sql.indexOf(QLatin1String("INDEX "), 0, Qt::CaseInsensitive));
+        if (on < 0 || inicio < 0) continue;
+        const QString nombre = sql.mid(inicio + 6, on - inicio - 6).trimmed();
+        QString nuevo = sql;
+        nuevo.replace(QLatin1String("COLLATE NOCASE"), QLatin1String("COLLATE JETTEXT"));
+        const QByteArray u = (QStringLiteral("SAVEPOINT indice; DROP INDEX ") + nombre + QStringLiteral("; ") + nuevo +
+                              QStringLiteral("; RELEASE indice;")).toUtf8();
+        if (sqlite3_exec(db, u.constData(), nullptr, nullptr, nullptr) != SQLITE_OK)
+            sqlite3_exec(db, "ROLLBACK TO indice; RELEASE indice;", nullptr, nullptr, nullptr);
+    }
+}
 
 void Catalogo::creaTabla(const TablaDef& def, const QString& esquema) {
     if (tabla(def.nombre, esquema)) Lanza(ErrTablaYaExiste, def.nombre);

@@ -49,6 +49,9 @@ struct TablaDef {
     const CampoDef* contador() const;                     // the auto-increment field, if any
 };
 
+// Rebuilds the text indexes of an older file so that their keys fold case in every alphabet.
+void ActualizaIndicesDeTexto(sqlite3* db);
+
 // Creates the bookkeeping tables in a database that lacks them.
 void PreparaMetadatos(sqlite3* db, const QString& esquema = QStringLiteral("main"));
 

@@ -46,6 +46,7 @@ bool EsComparacion(QStringView op) {
 
 const char* const Colacion = " COLLATE JETTEXT";
 
+
 }  // namespace
 
 QString EmisorSqlite::nombreTabla(const FuenteFrom& f) {
@@ -159,6 +160,7 @@ Emision EmisorSqlite::emite(const Sentencia& s, const TablaDef* destino, bool co
 }
 
 QString EmisorSqlite::select(const Select& s, bool conRowid, Emision* salida) {
+    Profundidad nivel(profundidad_);
     if (s.uniones.empty()) return nucleo(s, conRowid, salida);
     QString sql = QStringLiteral("SELECT * FROM (") + nucleo(s, false, nullptr) + u')';
     for (const auto& m : s.uniones) {
@@ -180,8 +182,6 @@ QString EmisorSqlite::select(const Select& s, bool conRowid, Emision* salida) {
 }
 
 QString EmisorSqlite::nucleo(const Select& s, bool conRowid, Emision* salida) {
-    QString sql = QStringLiteral("SELECT ");
-    if (s.distinct) sql += QStringLiteral("DISTINCT ");
     QStringList items;
     for (size_t i = 0; i < s.expandidos.size(); ++i) {
         const Expr& e = *s.expandidos[i].expr;
@@ -190,50 +190,76 @@ QString EmisorSqlite::nucleo(const Select& s, bool conRowid, Emision* salida) {
         items << Une({t, u" AS c", QString::number(i)});
     }
     const bool unaTabla = s.from.size() == 1 && s.from[0]->clase == FuenteFrom::Tabla;
-    const bool actualizable = unaTabla && !s.agregada && !s.distinct && s.uniones.empty();
+    // SQLite gives a query at most 2,000 columns: one that fills them all can't carry the row id as well.
+    const bool actualizable = unaTabla && !s.agregada && !s.distinct && s.uniones.empty() && items.size() < 2000;
+    bool conFila = false;
     if (conRowid && actualizable && salida) {
         salida->actualizable = true;
         salida->tablaBase = s.from[0]->def->nombre;
         salida->sqlPorFila = QStringLiteral("SELECT %1 FROM %2 WHERE %3.rowid = ?1")
                                  .arg(items.join(QStringLiteral(", ")), fuente(*s.from[0]), CitaNombre(s.from[0]->aliasSql));
         items << CitaNombre(s.from[0]->aliasSql) + QStringLiteral(".rowid AS c_rowid");
+        conFila = true;
     }
-    sql += items.join(QStringLiteral(", "));
+    QString cuerpo;
     if (!s.from.empty()) {
         QStringList desde;
         for (const auto& f : s.from) desde << fuente(*f);
-        sql += QStringLiteral(" FROM ") + desde.join(QStringLiteral(", "));
+        cuerpo += QStringLiteral(" FROM ") + desde.join(QStringLiteral(", "));
     }
-    if (s.where) sql += QStringLiteral(" WHERE ") + expr(*s.where);
+    if (s.where) cuerpo += QStringLiteral(" WHERE ") + expr(*s.where);
     if (!s.groupBy.empty()) {
         QStringList g;
         for (const auto& e : s.groupBy) g << expr(*e) + (EsTexto(e->tipoDato) ? QLatin1String(Colacion) : QLatin1String(""));
-        sql += QStringLiteral(" GROUP BY ") + g.join(QStringLiteral(", "));
+        cuerpo += QStringLiteral(" GROUP BY ") + g.join(QStringLiteral(", "));
     }
-    if (s.having) sql += QStringLiteral(" HAVING ") + expr(*s.having);
-    if (!s.orderBy.empty()) {
-        QStringList orden;
-        for (const auto& o : s.orderBy) {
-            const Expr& e = *o.expr;
-            QString t;
-            TipoCampo tipo = e.tipoDato;
-            if (e.tipo == TipoExpr::Literal && e.columnaSub >= 0) {
-                t = QString::number(e.columnaSub + 1);
-                tipo = s.expandidos[static_cast<size_t>(e.columnaSub)].expr->tipoDato;
-            } else if (e.tipo == TipoExpr::Columna && e.alias) {
-                t = QString::number(e.columnaSub + 1);
-            } else {
-                t = expr(e);
-            }
-            if (EsTexto(tipo)) t += QLatin1String(Colacion);
-            if (o.desc) t += QStringLiteral(" DESC");
-            orden << t;
+    if (s.having) cuerpo += QStringLiteral(" HAVING ") + expr(*s.having);
+    // The sort twice: by output column where the statement names one (ORDER BY 2, an alias), and by
+    // expression, as a window function needs it.
+    QStringList orden, ordenExpresiones;
+    for (const auto& o : s.orderBy) {
+        const Expr& e = *o.expr;
+        QString t, v;
+        TipoCampo tipo = e.tipoDato;
+        if (e.tipo == TipoExpr::Literal && e.columnaSub >= 0) {
+            const Expr& item = *s.expandidos[static_cast<size_t>(e.columnaSub)].expr;
+            t = QString::number(e.columnaSub + 1);
+            v = expr(item);
+            tipo = item.tipoDato;
+        } else if (e.tipo == TipoExpr::Columna && e.alias) {
+            t = QString::number(e.columnaSub + 1);
+            v = expr(e);
+        } else {
+            t = v = expr(e);
         }
-        sql += QStringLiteral(" ORDER BY ") + orden.join(QStringLiteral(", "));
+        QString cola;
+        if (EsTexto(tipo)) cola += QLatin1String(Colacion);
+        if (o.desc) cola += QStringLiteral(" DESC");
+        orden << t + cola;
+        ordenExpresiones << v + cola;
     }
+    const QString distinto = s.distinct ? QStringLiteral("DISTINCT ") : QString();
+    if (s.top >= 0 && !orden.isEmpty() && !s.distinct) {
+        // TOP n of a sorted query keeps the rows tied with the last one: every row ranked n or better.
+        const QString ventana = QStringLiteral("ORDER BY ") + ordenExpresiones.join(QStringLiteral(", "));
+        QStringList exteriores;
+        for (size_t i = 0; i < s.expandidos.size(); ++i) exteriores << u'c' + QString::number(i);
+        if (conFila) exteriores << QStringLiteral("c_rowid");
+        QString limite = QString::number(s.top);
+        QString total;
+        if (s.topPercent) {
+            limite = QStringLiteral("(jet_total * %1 + 99) / 100").arg(s.top);
+            total = QStringLiteral(", COUNT(*) OVER () AS jet_total");
+        }
+        return QStringLiteral("SELECT %1 FROM (SELECT %2, RANK() OVER (%3) AS jet_rango, ROW_NUMBER() OVER (%3) AS jet_fila%4%5) "
+                              "WHERE jet_rango <= %6 ORDER BY jet_fila")
+            .arg(exteriores.join(QStringLiteral(", ")), items.join(QStringLiteral(", ")), ventana, total, cuerpo, limite);
+    }
+    QString sql = QStringLiteral("SELECT ") + distinto + items.join(QStringLiteral(", ")) + cuerpo;
+    if (!orden.isEmpty()) sql += QStringLiteral(" ORDER BY ") + orden.join(QStringLiteral(", "));
     if (s.top >= 0) {
         if (s.topPercent) {
-            QString sinLimite = sql;
+            const QString sinLimite = sql;
             sql += QStringLiteral(" LIMIT (SELECT (COUNT(*) * %1 + 99) / 100 FROM (%2))").arg(s.top).arg(sinLimite);
         } else {
             sql += QStringLiteral(" LIMIT %1").arg(s.top);
@@ -243,6 +269,7 @@ QString EmisorSqlite::nucleo(const Select& s, bool conRowid, Emision* salida) {
 }
 
 QString EmisorSqlite::fuente(const FuenteFrom& f) {
+    Profundidad nivel(profundidad_);
     switch (f.clase) {
     case FuenteFrom::Tabla:
         return Une({nombreTabla(f), u" AS \"", f.aliasSql, u"\""});
@@ -278,7 +305,79 @@ QString EmisorSqlite::comoNumero(const Expr& e) {
     return expr(e);
 }
 
+namespace {
+
+// Operands of a chain written as SQLite reads them without a deep tree: runs of a few dozen flat, the runs
+// joined two by two. SQLite's parser and its limit on expression depth then see a shallow tree however
+// long the chain is; the operator being associative, the value is the same.
+constexpr qsizetype TramoPlano = 48;
+
+void Agrupa(const QStringList& partes, qsizetype desde, qsizetype hasta, QStringView separador, QString& salida) {
+    if (hasta - desde <= TramoPlano) {
+        salida += u'(';
+        for (qsizetype i = desde; i < hasta; ++i) {
+            if (i > desde) salida += separador;
+            salida += partes[i];
+        }
+        salida += u')';
+        return;
+    }
+    const qsizetype medio = desde + (hasta - desde) / 2;
+    salida += u'(';
+    Agrupa(partes, desde, medio, separador, salida);
+    salida += separador;
+    Agrupa(partes, medio, hasta, separador, salida);
+    salida += u')';
+}
+
+// The same for a function of any number of arguments: at most a hundred to a call (SQLite takes 127).
+void AgrupaLlamada(const QStringList& partes, qsizetype desde, qsizetype hasta, QStringView funcion, QString& salida) {
+    salida += funcion;
+    salida += u'(';
+    if (hasta - desde <= 100) {
+        for (qsizetype i = desde; i < hasta; ++i) {
+            if (i > desde) salida += QLatin1String(", ");
+            salida += partes[i];
+        }
+    } else {
+        const qsizetype medio = desde + (hasta - desde) / 2;
+        AgrupaLlamada(partes, desde, medio, funcion, salida);
+        salida += QLatin1String(", ");
+        AgrupaLlamada(partes, medio, hasta, funcion, salida);
+    }
+    salida += u')';
+}
+
+}  // namespace
+
+QString EmisorSqlite::cadena(const Expr& e) {
+    const QStringView op = e.op;
+    QStringList partes;
+    partes.reserve(static_cast<qsizetype>(e.args.size()));
+    QString salida;
+    if (op == u"&") {
+        for (const auto& x : e.args) partes << comoTexto(*x);
+        AgrupaLlamada(partes, 0, partes.size(), u"jet_cat", salida);
+        return salida;
+    }
+    if (op == u"AND" || op == u"OR") {
+        for (const auto& x : e.args) partes << expr(*x);
+        Agrupa(partes, 0, partes.size(), op == u"AND" ? QStringView(u" AND ") : QStringView(u" OR "), salida);
+        return salida;
+    }
+    if (op == u"+" && EsTexto(e.tipoDato)) {
+        for (const auto& x : e.args) partes << expr(*x);
+        Agrupa(partes, 0, partes.size(), u" || ", salida);
+        return salida;
+    }
+    // + and * of numbers.
+    for (const auto& x : e.args) partes << comoNumero(*x);
+    Agrupa(partes, 0, partes.size(), op == u"+" ? QStringView(u" + ") : QStringView(u" * "), salida);
+    return salida;
+}
+
 QString EmisorSqlite::binario(const Expr& e) {
+    if (e.args.size() > 2) return cadena(e);
     const Expr& a = *e.args[0];
     const Expr& b = *e.args[1];
     const QStringView op = e.op;
@@ -344,6 +443,7 @@ QString EmisorSqlite::funcion(const Expr& e) {
 }
 
 QString EmisorSqlite::expr(const Expr& e) {
+    Profundidad nivel(profundidad_);
     switch (e.tipo) {
     case TipoExpr::Literal:
         return Literal(e.valor);

@@ -33,9 +33,11 @@ private:
     QString comoTexto(const Expr& e);
     QString comoNumero(const Expr& e);
     QString binario(const Expr& e);
+    QString cadena(const Expr& e);
     QString funcion(const Expr& e);
     QString conversion(const QString& valor, const CampoDef& campo);
     QString nombreTabla(const FuenteFrom& f);
+    int profundidad_ = 0;
 };
 
 }  // namespace jet

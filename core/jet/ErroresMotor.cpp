@@ -8,6 +8,10 @@ namespace {
 
 const QHash<int, QString>& Textos() {
     static const QHash<int, QString> textos = {
+        {3000, QStringLiteral("Error reservado (%1); no hay mensaje para este error.")},
+        {3043, QStringLiteral("Error de disco o de red.")},
+        {3190, QStringLiteral("Se definieron demasiados campos.")},
+        {3360, QStringLiteral("Consulta demasiado compleja.")},
         {3010, QStringLiteral("La tabla '%1' ya existe.")},
         {3020, QStringLiteral("Update o CancelUpdate sin AddNew o Edit.")},
         {3021, QStringLiteral("No hay un registro activo.")},
@@ -81,7 +85,7 @@ QString DescripcionError(int numero, const QString& a1, const QString& a2) {
     QString texto = *it;
     if (texto.contains(QLatin1String("%1"))) texto = texto.arg(a1);
     if (texto.contains(QLatin1String("%2"))) texto = texto.arg(a2);
-    else if (numero == 3051) texto = texto.trimmed();
+    if (numero == 3051) texto = texto.trimmed();
     return texto;
 }
 

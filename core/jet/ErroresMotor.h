@@ -50,6 +50,11 @@ enum NumeroError : int {
     ErrOperacionNoValida = 3251,
     ErrCampoAmbiguo = 3079,
     ErrSubconsultaVariosCampos = 3306,
+    ErrReservado = 3000,
+    ErrRecursosExcedidos = 3035,
+    ErrDiscoORed = 3043,
+    ErrDemasiadosCampos = 3190,
+    ErrConsultaCompleja = 3360,
 };
 
 // Description of an engine error, with %1 (and %2) filled from the arguments.

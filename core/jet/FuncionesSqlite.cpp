@@ -5,6 +5,7 @@
 #include "core/vb/Conversion.h"
 #include "core/vb/Formato.h"
 
+#include <QDir>
 #include <sqlite3.h>
 
 #include <cmath>
@@ -17,6 +18,9 @@ namespace jet {
 std::optional<vb::Fecha> FechaAlmacenada(const char* p, int n);
 
 namespace {
+
+// The longest text a function builds, far beyond any field and well within what one value may hold.
+constexpr double LargoMaximoTexto = 100'000'000.0;
 
 // The primary key of a text for sorting: case-folded, accents dropped, ñ as a letter after n.
 QString ClavePrimaria(const QString& s) {
@@ -134,8 +138,12 @@ void Despacha(sqlite3_context* ctx, int argc, sqlite3_value** argv) {
         const int n = e.Number() >= 3000 ? e.Number() : (e.Number() == 94 ? 94 : ErrTiposNoCoinciden);
         const QByteArray m = QStringLiteral("JET:%1:%2").arg(n).arg(e.Number() >= 3000 ? e.Description() : QString()).toUtf8();
         sqlite3_result_error(ctx, m.constData(), static_cast<int>(m.size()));
-    } catch (const std::exception& e) {
-        sqlite3_result_error(ctx, e.what(), -1);
+    } catch (const std::bad_alloc&) {
+        const QByteArray m = QStringLiteral("JET:%1:").arg(ErrRecursosExcedidos).toUtf8();
+        sqlite3_result_error(ctx, m.constData(), static_cast<int>(m.size()));
+    } catch (const std::exception&) {
+        const QByteArray m = QStringLiteral("JET:%1:").arg(ErrReservado).toUtf8();
+        sqlite3_result_error(ctx, m.constData(), static_cast<int>(m.size()));
     }
 }
 
@@ -448,6 +456,57 @@ vb::Variant ConvierteParaCampo(const vb::Variant& valor, const CampoDef& c) {
     }
 }
 
+void LanzaSqlite(sqlite3* db, int rc, const QString& ruta) {
+    const QString msg = db ? QString::fromUtf8(sqlite3_errmsg(db)) : QString();
+    int numero = 0;
+    QString argumento;
+    if (ErrorDeFuncion(msg, numero, argumento)) {
+        if (numero >= 3000) throw vb::Error(numero, argumento, QStringLiteral("Motor de base de datos"));
+        if (numero == 94) throw vb::Error(94, QStringLiteral("Uso no válido de Null"), QStringLiteral("Motor de base de datos"));
+        Lanza(numero);
+    }
+    const int extendido = db ? sqlite3_extended_errcode(db) : rc;
+    switch (extendido) {
+    case SQLITE_CONSTRAINT_UNIQUE:
+    case SQLITE_CONSTRAINT_PRIMARYKEY:
+    case SQLITE_CONSTRAINT_ROWID:
+        Lanza(ErrValorDuplicado);
+    case SQLITE_CONSTRAINT_NOTNULL: {
+        // "NOT NULL constraint failed: Tabla.Campo"
+        QString campo = msg.section(u':', 1).trimmed();
+        campo = campo.mid(campo.lastIndexOf(u'.') + 1);
+        Lanza(ErrRequerido, campo);
+    }
+    default:
+        break;
+    }
+    switch (rc & 0xFF) {
+    case SQLITE_BUSY:
+    case SQLITE_LOCKED: Lanza(ErrBloqueado);
+    case SQLITE_READONLY: Lanza(ErrSoloLectura);
+    case SQLITE_CONSTRAINT: Lanza(ErrValorDuplicado);
+    case SQLITE_CORRUPT:
+    case SQLITE_NOTADB: Lanza(ErrFormatoNoReconocido, QDir::toNativeSeparators(ruta));
+    case SQLITE_CANTOPEN: Lanza(ErrNoSePuedeAbrir, QDir::toNativeSeparators(ruta));
+    case SQLITE_FULL:
+    case SQLITE_NOMEM:
+    case SQLITE_TOOBIG: Lanza(ErrRecursosExcedidos);
+    case SQLITE_IOERR:
+    case SQLITE_PROTOCOL: Lanza(ErrDiscoORed);
+    case SQLITE_MISMATCH: Lanza(ErrTiposNoCoinciden);
+    default: break;
+    }
+    // The statements SQLite is given are the engine's own: what it refuses of them is told by the engine's
+    // numbers, never by SQLite's English.
+    if (msg.contains(QLatin1String("parser stack overflow")) || msg.contains(QLatin1String("too large (maximum depth")) ||
+        msg.contains(QLatin1String("too many terms")) || msg.contains(QLatin1String("too many arguments")) ||
+        msg.contains(QLatin1String("too many FROM clause terms")) || msg.contains(QLatin1String("too many levels")) ||
+        msg.contains(QLatin1String("at most 64 tables")))
+        Lanza(ErrConsultaCompleja);
+    if (msg.contains(QLatin1String("too many columns"))) Lanza(ErrDemasiadosCampos);
+    Lanza(ErrReservado, QString::number(extendido));
+}
+
 void RegistraFunciones(sqlite3* db) {
     sqlite3_create_collation_v2(db, "JETTEXT", SQLITE_UTF8, nullptr, &ColacionJet, nullptr);
 
@@ -458,8 +517,11 @@ void RegistraFunciones(sqlite3* db) {
         if (nulo(a[0]) || nulo(a[1])) return vb::Variant::Null();
         return vb::Variant::Long(Coincide(texto(a[0]), texto(a[1])) ? 1 : 0);
     });
-    Registra(db, "jet_cat", 2, [=](sqlite3_value** a, int) {
-        return vb::Variant(texto(a[0]) + texto(a[1]));
+    // jet_cat(a, b, ...): the texts joined, Null as empty.
+    Registra(db, "jet_cat", -1, [=](sqlite3_value** a, int n) {
+        QString r;
+        for (int i = 0; i < n; ++i) r += texto(a[i]);
+        return vb::Variant(r);
     });
     // jet_str(x, tipo): the text of a typed value.
     Registra(db, "jet_str", 2, [=](sqlite3_value** a, int) {
@@ -533,7 +595,12 @@ void RegistraFunciones(sqlite3* db) {
         if (nulo(a[0])) return vb::Variant::Null();
         return vb::Variant(vb::Replace(texto(a[0]), texto(a[1]), texto(a[2])));
     });
-    Registra(db, "jet_space", 1, [=](sqlite3_value** a, int) { return vb::Variant(vb::Space(Natural(a[0]).toLong())); });
+    Registra(db, "jet_space", 1, [=](sqlite3_value** a, int) {
+        // A text longer than the engine keeps is refused before it is built.
+        const double n = Natural(a[0]).toDouble();
+        if (n > LargoMaximoTexto) FallaFuncion(ErrRecursosExcedidos);
+        return vb::Variant(vb::Space(Natural(a[0]).toLong()));
+    });
     Registra(db, "jet_ccur", 1, [=](sqlite3_value** a, int) {
         vb::Variant v = Natural(a[0]);
         if (v.isNull()) FallaFuncion(94);

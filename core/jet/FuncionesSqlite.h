@@ -45,6 +45,10 @@ std::optional<vb::Fecha> FechaAlmacenada(const char* texto, int bytes);  // "yyy
 // 3315 zero length, 3163 too long, 3349 overflow, 3464 type mismatch).
 vb::Variant ConvierteParaCampo(const vb::Variant& valor, const CampoDef& campo);
 
+// A failure of SQLite told as the engine's error: its number and Spanish description, never SQLite's own
+// English. `ruta` names the database file in the errors that need it.
+[[noreturn]] void LanzaSqlite(sqlite3* db, int rc, const QString& ruta = QString());
+
 // Errors raised inside SQLite functions travel in the message as "JET:<número>:<argumento>".
 bool ErrorDeFuncion(const QString& mensaje, int& numero, QString& argumento);
 

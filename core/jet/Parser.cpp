@@ -4,6 +4,8 @@
 #include "core/jet/Lexer.h"
 
 #include <QRegularExpression>
+
+#include <cmath>
 #include <QSet>
 
 namespace jet {
@@ -41,6 +43,26 @@ private:
     size_t i_ = 0;
     int contexto_ = ErrSentenciaNoValida;
     int inicioExpr_ = 0;
+    int profundidad_ = 0;
+
+    // One level more of the tree being built, given back when the construct is read. An operator loop that
+    // wraps what it read before takes one more level per wrap, so the right operands read after it start
+    // deeper: the depth counted is the height of the tree.
+    class Nivel {
+    public:
+        explicit Nivel(Analizador& a, bool cuenta = true) : a_(a) { if (cuenta) mas(); }
+        ~Nivel() { a_.profundidad_ -= n_; }
+        Nivel(const Nivel&) = delete;
+        Nivel& operator=(const Nivel&) = delete;
+        void mas() {
+            ++n_;
+            if (++a_.profundidad_ > LimiteAnidamiento) Lanza(ErrConsultaCompleja);
+        }
+
+    private:
+        Analizador& a_;
+        int n_ = 0;
+    };
 
     const Token& actual() const { return toks_[i_]; }
     const Token& siguiente(size_t k = 1) const { return toks_[std::min(i_ + k, toks_.size() - 1)]; }
@@ -97,7 +119,10 @@ private:
     void aliasOpcional(FuenteFrom& f);
     std::vector<ItemOrden> listaOrden();
 
-    ExprPtr expresion() { return imp(); }
+    ExprPtr expresion() {
+        Nivel nivel(*this);
+        return imp();
+    }
     ExprPtr imp();
     ExprPtr eqv();
     ExprPtr xorE();
@@ -114,6 +139,7 @@ private:
     ExprPtr potencia();
     ExprPtr primario();
     ExprPtr binario(QStringView op, ExprPtr a, ExprPtr b, int pos);
+    ExprPtr encadena(QStringView op, ExprPtr a, int pos, Nivel& nivel, ExprPtr (Analizador::*operando)());
 
     Sentencia insercion();
     Sentencia actualizacion();
@@ -171,6 +197,7 @@ Sentencia Analizador::sentencia() {
 // select [UNION [ALL] select]...: members may stand in parentheses with an ORDER BY of their own. The
 // ORDER BY of the last member sorts the whole union; the others' are dropped.
 std::unique_ptr<Select> Analizador::selectCompleto() {
+    Nivel nivel(*this);
     auto primero = miembro();
     if (!actual().esPalabra("UNION")) return primero;
     while (palabra("UNION")) {
@@ -304,6 +331,7 @@ void Analizador::listaFrom(std::vector<FuentePtr>& destino) {
 }
 
 FuentePtr Analizador::elementoFrom() {
+    Nivel nivel(*this);
     auto izquierda = primarioFrom();
     for (;;) {
         QString tipo;
@@ -315,6 +343,7 @@ FuentePtr Analizador::elementoFrom() {
         const int anterior = contexto_;
         contexto_ = ErrSintaxisJoin;
         exigePalabra("JOIN");
+        nivel.mas();
         auto j = std::make_unique<FuenteFrom>();
         j->clase = FuenteFrom::Join;
         j->pos = izquierda->pos;
@@ -387,33 +416,53 @@ ExprPtr Analizador::binario(QStringView o, ExprPtr a, ExprPtr b, int pos) {
     return e;
 }
 
+// a op b. A chain of one associative operator grows in place, one level however long it is; any other
+// operator wraps what was read before it, one level more.
+ExprPtr Analizador::encadena(QStringView o, ExprPtr a, int pos, Nivel& nivel, ExprPtr (Analizador::*operando)()) {
+    const QStringView estatico = OpEstatico(o);
+    const bool asociativo = estatico == u"AND" || estatico == u"OR" || estatico == u"&" || estatico == u"+" ||
+                            estatico == u"*";
+    if (asociativo && a->tipo == TipoExpr::Binario && a->op == estatico) {
+        a->args.push_back((this->*operando)());
+        return a;
+    }
+    nivel.mas();
+    return binario(estatico, std::move(a), (this->*operando)(), pos);
+}
+
 ExprPtr Analizador::imp() {
+    Nivel nivel(*this, false);
     auto e = eqv();
-    while (actual().esPalabra("IMP")) { int p = actual().pos; avanza(); e = binario(u"IMP", std::move(e), eqv(), p); }
+    while (actual().esPalabra("IMP")) { int p = actual().pos; avanza(); e = encadena(u"IMP", std::move(e), p, nivel, &Analizador::eqv); }
     return e;
 }
 ExprPtr Analizador::eqv() {
+    Nivel nivel(*this, false);
     auto e = xorE();
-    while (actual().esPalabra("EQV")) { int p = actual().pos; avanza(); e = binario(u"EQV", std::move(e), xorE(), p); }
+    while (actual().esPalabra("EQV")) { int p = actual().pos; avanza(); e = encadena(u"EQV", std::move(e), p, nivel, &Analizador::xorE); }
     return e;
 }
 ExprPtr Analizador::xorE() {
+    Nivel nivel(*this, false);
     auto e = orE();
-    while (actual().esPalabra("XOR")) { int p = actual().pos; avanza(); e = binario(u"XOR", std::move(e), orE(), p); }
+    while (actual().esPalabra("XOR")) { int p = actual().pos; avanza(); e = encadena(u"XOR", std::move(e), p, nivel, &Analizador::orE); }
     return e;
 }
 ExprPtr Analizador::orE() {
+    Nivel nivel(*this, false);
     auto e = andE();
-    while (actual().esPalabra("OR")) { int p = actual().pos; avanza(); e = binario(u"OR", std::move(e), andE(), p); }
+    while (actual().esPalabra("OR")) { int p = actual().pos; avanza(); e = encadena(u"OR", std::move(e), p, nivel, &Analizador::andE); }
     return e;
 }
 ExprPtr Analizador::andE() {
+    Nivel nivel(*this, false);
     auto e = notE();
-    while (actual().esPalabra("AND")) { int p = actual().pos; avanza(); e = binario(u"AND", std::move(e), notE(), p); }
+    while (actual().esPalabra("AND")) { int p = actual().pos; avanza(); e = encadena(u"AND", std::move(e), p, nivel, &Analizador::notE); }
     return e;
 }
 ExprPtr Analizador::notE() {
     if (actual().esPalabra("NOT")) {
+        Nivel nivel(*this);
         auto e = std::make_unique<Expr>();
         e->tipo = TipoExpr::Unario;
         e->op = u"NOT";
@@ -426,6 +475,7 @@ ExprPtr Analizador::notE() {
 }
 
 ExprPtr Analizador::comparacion() {
+    Nivel nivel(*this, false);
     auto e = concatenacion();
     for (;;) {
         const Token& t = actual();
@@ -435,7 +485,7 @@ ExprPtr Analizador::comparacion() {
              t.texto == u">=" || t.texto == u"!=")) {
             const QStringView o = OpEstatico(t.texto);
             avanza();
-            e = binario(o, std::move(e), concatenacion(), p);
+            e = encadena(o, std::move(e), p, nivel, &Analizador::concatenacion);
             continue;
         }
         bool negado = false;
@@ -445,6 +495,7 @@ ExprPtr Analizador::comparacion() {
             avanza();
         }
         if (palabra("LIKE")) {
+            nivel.mas();
             auto l = std::make_unique<Expr>();
             l->tipo = TipoExpr::Like;
             l->pos = p;
@@ -453,6 +504,7 @@ ExprPtr Analizador::comparacion() {
             l->args.push_back(concatenacion());
             e = std::move(l);
         } else if (palabra("BETWEEN")) {
+            nivel.mas();
             auto b = std::make_unique<Expr>();
             b->tipo = TipoExpr::Between;
             b->pos = p;
@@ -463,6 +515,7 @@ ExprPtr Analizador::comparacion() {
             b->args.push_back(concatenacion());
             e = std::move(b);
         } else if (palabra("IN")) {
+            nivel.mas();
             exigeOp("(");
             auto in = std::make_unique<Expr>();
             in->pos = p;
@@ -482,6 +535,7 @@ ExprPtr Analizador::comparacion() {
             exigeOp(")");
             e = std::move(in);
         } else if (!negado && t.esPalabra("IS")) {
+            nivel.mas();
             avanza();
             auto n = std::make_unique<Expr>();
             n->tipo = TipoExpr::EsNulo;
@@ -499,42 +553,48 @@ ExprPtr Analizador::comparacion() {
 }
 
 ExprPtr Analizador::concatenacion() {
+    Nivel nivel(*this, false);
     auto e = suma();
-    while (actual().esOp("&")) { int p = actual().pos; avanza(); e = binario(u"&", std::move(e), suma(), p); }
+    while (actual().esOp("&")) { int p = actual().pos; avanza(); e = encadena(u"&", std::move(e), p, nivel, &Analizador::suma); }
     return e;
 }
 ExprPtr Analizador::suma() {
+    Nivel nivel(*this, false);
     auto e = modulo();
     while (actual().esOp("+") || actual().esOp("-")) {
-        const QStringView o = OpEstatico(actual().texto);
+        const QStringView o = actual().texto;
         int p = actual().pos;
         avanza();
-        e = binario(o, std::move(e), modulo(), p);
+        e = encadena(o, std::move(e), p, nivel, &Analizador::modulo);
     }
     return e;
 }
 ExprPtr Analizador::modulo() {
+    Nivel nivel(*this, false);
     auto e = divEntera();
-    while (actual().esPalabra("MOD")) { int p = actual().pos; avanza(); e = binario(u"MOD", std::move(e), divEntera(), p); }
+    while (actual().esPalabra("MOD")) { int p = actual().pos; avanza(); e = encadena(u"MOD", std::move(e), p, nivel, &Analizador::divEntera); }
     return e;
 }
 ExprPtr Analizador::divEntera() {
+    Nivel nivel(*this, false);
     auto e = producto();
-    while (actual().esOp("\\")) { int p = actual().pos; avanza(); e = binario(u"\\", std::move(e), producto(), p); }
+    while (actual().esOp("\\")) { int p = actual().pos; avanza(); e = encadena(u"\\", std::move(e), p, nivel, &Analizador::producto); }
     return e;
 }
 ExprPtr Analizador::producto() {
+    Nivel nivel(*this, false);
     auto e = unario();
     while (actual().esOp("*") || actual().esOp("/")) {
-        const QStringView o = OpEstatico(actual().texto);
+        const QStringView o = actual().texto;
         int p = actual().pos;
         avanza();
-        e = binario(o, std::move(e), unario(), p);
+        e = encadena(o, std::move(e), p, nivel, &Analizador::unario);
     }
     return e;
 }
 ExprPtr Analizador::unario() {
     if (actual().esOp("-") || actual().esOp("+")) {
+        Nivel nivel(*this);
         auto e = std::make_unique<Expr>();
         e->tipo = TipoExpr::Unario;
         e->op = OpEstatico(actual().texto);
@@ -546,8 +606,9 @@ ExprPtr Analizador::unario() {
     return potencia();
 }
 ExprPtr Analizador::potencia() {
+    Nivel nivel(*this, false);
     auto e = primario();
-    while (actual().esOp("^")) { int p = actual().pos; avanza(); e = binario(u"^", std::move(e), primario(), p); }
+    while (actual().esOp("^")) { int p = actual().pos; avanza(); e = encadena(u"^", std::move(e), p, nivel, &Analizador::primario); }
     return e;
 }
 
@@ -568,7 +629,14 @@ ExprPtr Analizador::primario() {
                 return e;
             }
         }
-        e->valor = vb::Variant(t.texto.toDouble());
+        // A number beyond what a Double holds is no number of the dialect.
+        const double d = t.texto.toDouble();
+        if (!std::isfinite(d)) {
+            inicioExpr_ = t.pos;
+            contexto_ = ErrSintaxisExpresion;
+            Lanza(ErrSintaxisExpresion, t.texto.toString());
+        }
+        e->valor = vb::Variant(d);
         return e;
     }
     case Tok::Cadena:

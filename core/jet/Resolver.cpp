@@ -13,6 +13,7 @@ struct Resolver::Ambito {
     Select* select = nullptr;
     int limiteAlias = -1;                           // select items [0, limite) may be named by their alias
     const std::vector<ColumnaSalida>* parametros = nullptr;
+    QHash<QString, int> primerAlias;                // folded alias -> the first select item bearing it
 };
 
 namespace {
@@ -120,6 +121,33 @@ void CoerceLiteral(Expr& literal, TipoCampo hacia) {
     }
 }
 
+// The type of a op b from the types of its two operands.
+TipoCampo TipoDeOperacion(QStringView o, TipoCampo ta, TipoCampo tb, bool aNulo, bool bNulo) {
+    if (o == u"=" || o == u"<>" || o == u"<" || o == u">" || o == u"<=" || o == u">=") return TipoCampo::Boolean;
+    if (o == u"AND" || o == u"OR" || o == u"XOR" || o == u"EQV" || o == u"IMP") return TipoCampo::Boolean;
+    if (o == u"&") return (ta == TipoCampo::Memo || tb == TipoCampo::Memo) ? TipoCampo::Memo : TipoCampo::Text;
+    if (o == u"/" || o == u"^") return TipoCampo::Double;
+    if (o == u"\\" || o == u"MOD")
+        return Rango(ta) >= 4 || Rango(tb) >= 4 || EsTexto(ta) || EsTexto(tb) ? TipoCampo::Long : TipoCampo::Integer;
+    // Text + text joins them; text + Null is Null, not a sum.
+    if (o == u"+" && (EsTexto(ta) || EsTexto(tb)) && (EsTexto(ta) || aNulo) && (EsTexto(tb) || bNulo)) return TipoCampo::Text;
+    if (ta == TipoCampo::Date || tb == TipoCampo::Date)
+        return (o == u"-" && ta == TipoCampo::Date && tb == TipoCampo::Date) ? TipoCampo::Double : TipoCampo::Date;
+    const TipoCampo x = EsTexto(ta) ? TipoCampo::Double : ta;
+    const TipoCampo y = EsTexto(tb) ? TipoCampo::Double : tb;
+    TipoCampo t = Unifica(x, y);
+    if (t == TipoCampo::Boolean || t == TipoCampo::Byte) t = TipoCampo::Integer;
+    if (t == TipoCampo::Ninguno) t = TipoCampo::Double;
+    return t;
+}
+
+void TipaBinario(Expr& e) {
+    e.tipoDato = TipoDeOperacion(e.op, e.args[0]->tipoDato, e.args[1]->tipoDato, EsNuloLiteral(*e.args[0]),
+                                 EsNuloLiteral(*e.args[1]));
+    e.tamano = EsTexto(e.tipoDato) ? 255 : TamanoFijo(e.tipoDato);
+}
+
+
 }  // namespace
 
 TipoCampo Unifica(TipoCampo a, TipoCampo b) {
@@ -154,6 +182,7 @@ void Resolver::finaliza() {
 void Resolver::resuelve(Sentencia& s) {
     catalogo_.nuevaSentencia();
     faltantes_.clear();
+    faltantesVistos_.clear();
     contadorAlias_ = 0;
     destino_ = nullptr;
     esquemaDestino_ = QStringLiteral("main");
@@ -253,6 +282,7 @@ void Resolver::resuelve(Sentencia& s) {
 
 void Resolver::resuelveCriterio(Expr& e, const std::vector<ColumnaSalida>& columnas) {
     faltantes_.clear();
+    faltantesVistos_.clear();
     Ambito a;
     a.parametros = &columnas;
     expr(e, a);
@@ -260,6 +290,7 @@ void Resolver::resuelveCriterio(Expr& e, const std::vector<ColumnaSalida>& colum
 }
 
 void Resolver::select(Select& s, Ambito* padre) {
+    Profundidad nivel(profundidad_);
     nucleo(s, padre);
     if (s.uniones.empty()) return;
     for (auto& m : s.uniones) {
@@ -307,6 +338,11 @@ void Resolver::nucleo(Select& s, Ambito* padre) {
     a.select = &s;
     for (auto& f : s.from) fuente(*f, a, padre);
     expande(s, a);
+    for (size_t i = 0; i < s.expandidos.size(); ++i)
+        if (!s.expandidos[i].alias.isEmpty()) {
+            const QString clave = ClaveNombre(s.expandidos[i].alias);
+            if (!a.primerAlias.contains(clave)) a.primerAlias.insert(clave, static_cast<int>(i));
+        }
     for (size_t i = 0; i < s.expandidos.size(); ++i) {
         a.limiteAlias = static_cast<int>(i);
         expr(*s.expandidos[i].expr, a);
@@ -356,6 +392,7 @@ void Resolver::nucleo(Select& s, Ambito* padre) {
 }
 
 void Resolver::fuente(FuenteFrom& f, Ambito& a, Ambito* padreDerivadas) {
+    Profundidad nivel(profundidad_);
     switch (f.clase) {
     case FuenteFrom::Tabla:
         f.esquemaSql = esquemaDe(f.baseExterna);
@@ -432,11 +469,8 @@ void Resolver::salidaDe(Select& s) {
         c.atributos = EsTexto(c.tipo) ? AtrVariable : AtrFijo;
         if (!it.alias.isEmpty()) {
             c.nombre = it.alias;
-        } else if (e.tipo == TipoExpr::Columna && e.campo) {
-            c.nombre = e.campo->nombre;
-        } else if (e.tipo == TipoExpr::Columna && e.columnaSub >= 0 && e.fuente) {
-            c.nombre = e.fuente->sub->salida[static_cast<size_t>(e.columnaSub)].nombre;
-        } else if (e.tipo == TipoExpr::Columna && e.alias) {
+        } else if (e.tipo == TipoExpr::Columna && (e.campo || e.alias || (e.columnaSub >= 0 && e.fuente))) {
+            // A column is named as the statement writes it, not as the schema spells it.
             c.nombre = e.nombre;
         } else {
             c.nombre = QStringLiteral("Expr%1").arg(1000 + expr1000++);
@@ -453,14 +487,14 @@ void Resolver::salidaDe(Select& s) {
         s.salida.push_back(c);
     }
     // Two columns of one name, from different tables: each is named by its table.
-    std::vector<bool> repetida(s.salida.size(), false);
-    for (size_t i = 0; i < s.salida.size(); ++i)
-        for (size_t j = i + 1; j < s.salida.size(); ++j)
-            if (Iguales(s.salida[i].nombre, s.salida[j].nombre)) repetida[i] = repetida[j] = true;
+    QHash<QString, int> veces;
+    veces.reserve(static_cast<qsizetype>(s.salida.size()));
+    for (const auto& c : s.salida) ++veces[ClaveNombre(c.nombre)];
     for (size_t i = 0; i < s.salida.size(); ++i) {
         auto& c = s.salida[i];
         const Expr& e = *s.expandidos[i].expr;
-        if (repetida[i] && s.expandidos[i].alias.isEmpty() && e.tipo == TipoExpr::Columna && e.fuente)
+        if (veces.value(ClaveNombre(c.nombre)) > 1 && s.expandidos[i].alias.isEmpty() && e.tipo == TipoExpr::Columna &&
+            e.fuente)
             c.nombre = e.fuente->nombreVisible() + u'.' + c.nombre;
     }
 }
@@ -540,20 +574,22 @@ void Resolver::columna(Expr& e, Ambito& a) {
         }
         if (x == &a && x->select && x->limiteAlias > 0) {
             const auto& items = x->select->expandidos;
-            for (int i = 0; i < x->limiteAlias && i < static_cast<int>(items.size()); ++i) {
-                if (!items[static_cast<size_t>(i)].alias.isEmpty() && Iguales(items[static_cast<size_t>(i)].alias, e.nombre)) {
-                    const Expr* destino = items[static_cast<size_t>(i)].expr.get();
-                    e.alias = destino;
-                    e.columnaSub = i;
-                    e.tipoDato = destino->tipoDato;
-                    e.tamano = destino->tamano;
-                    return;
-                }
+            const int i = x->primerAlias.value(ClaveNombre(e.nombre), -1);
+            if (i >= 0 && i < x->limiteAlias && i < static_cast<int>(items.size())) {
+                const Expr* destino = items[static_cast<size_t>(i)].expr.get();
+                e.alias = destino;
+                e.columnaSub = i;
+                e.tipoDato = destino->tipoDato;
+                e.tamano = destino->tamano;
+                return;
             }
         }
     }
     const QString n = e.calificador.isEmpty() ? e.nombre : e.calificador + u'.' + e.nombre;
-    if (!faltantes_.contains(n, Qt::CaseInsensitive)) faltantes_ << n;
+    if (!faltantesVistos_.contains(ClaveNombre(n))) {
+        faltantesVistos_.insert(ClaveNombre(n));
+        faltantes_ << n;
+    }
 }
 
 void Resolver::compruebaComparacion(Expr& a, Expr& b) {
@@ -598,7 +634,53 @@ void Resolver::funcion(Expr& e, Ambito& a) {
     if (n == "MIN" || n == "MAX") e.tamano = nargs ? e.args[0]->tamano : 0;
 }
 
+// A chain of one associative operator, its operands resolved. Its type is the left fold of the operator's
+// rule. A + chain is written flat only when every step is a sum of numbers or every step joins texts; any
+// other (a date moved by days, a text turned into a number half way) goes back to nested pairs, each with
+// its own rule, as long as the nesting stays within what the engine takes.
+void Resolver::cadena(Expr& e) {
+    const size_t n = e.args.size();
+    TipoCampo t = e.args[0]->tipoDato;
+    for (size_t i = 1; i < n; ++i)
+        t = TipoDeOperacion(e.op, t, e.args[i]->tipoDato, i == 1 && EsNuloLiteral(*e.args[0]), EsNuloLiteral(*e.args[i]));
+    bool uniforme = true;
+    if (e.op == u"+") {
+        bool textos = true, fechas = false;
+        for (const auto& x : e.args) {
+            if (!EsTexto(x->tipoDato) && !EsNuloLiteral(*x)) textos = false;
+            if (x->tipoDato == TipoCampo::Date) fechas = true;
+        }
+        // All texts: each step joins. No text at the first step and no date: each step adds numbers.
+        const bool primeroTexto = EsTexto(TipoDeOperacion(e.op, e.args[0]->tipoDato, e.args[1]->tipoDato,
+                                                          EsNuloLiteral(*e.args[0]), EsNuloLiteral(*e.args[1])));
+        uniforme = textos ? primeroTexto : (!primeroTexto && !fechas);
+    }
+    if (!uniforme) {
+        if (n > static_cast<size_t>(LimiteAnidamiento)) Lanza(ErrConsultaCompleja);
+        std::vector<ExprPtr> operandos = std::move(e.args);
+        e.args.clear();
+        ExprPtr izquierda = std::move(operandos[0]);
+        for (size_t i = 1; i + 1 < n; ++i) {
+            auto par = std::make_unique<Expr>();
+            par->tipo = TipoExpr::Binario;
+            par->op = e.op;
+            par->pos = e.pos;
+            par->args.push_back(std::move(izquierda));
+            par->args.push_back(std::move(operandos[i]));
+            TipaBinario(*par);
+            izquierda = std::move(par);
+        }
+        e.args.push_back(std::move(izquierda));
+        e.args.push_back(std::move(operandos[n - 1]));
+        TipaBinario(e);
+        return;
+    }
+    e.tipoDato = t;
+    e.tamano = EsTexto(t) ? 255 : TamanoFijo(t);
+}
+
 void Resolver::expr(Expr& e, Ambito& a) {
+    Profundidad nivel(profundidad_);
     switch (e.tipo) {
     case TipoExpr::Literal:
         switch (e.valor.type()) {
@@ -627,35 +709,15 @@ void Resolver::expr(Expr& e, Ambito& a) {
         e.tamano = TamanoFijo(e.tipoDato);
         return;
     case TipoExpr::Binario: {
-        expr(*e.args[0], a);
-        expr(*e.args[1], a);
-        const TipoCampo ta = e.args[0]->tipoDato, tb = e.args[1]->tipoDato;
-        const QStringView o = e.op;
-        if (o == u"=" || o == u"<>" || o == u"<" || o == u">" || o == u"<=" || o == u">=") {
-            compruebaComparacion(*e.args[0], *e.args[1]);
-            e.tipoDato = TipoCampo::Boolean;
-        } else if (o == u"AND" || o == u"OR" || o == u"XOR" || o == u"EQV" || o == u"IMP") {
-            e.tipoDato = TipoCampo::Boolean;
-        } else if (o == u"&") {
-            e.tipoDato = (ta == TipoCampo::Memo || tb == TipoCampo::Memo) ? TipoCampo::Memo : TipoCampo::Text;
-        } else if (o == u"/" || o == u"^") {
-            e.tipoDato = TipoCampo::Double;
-        } else if (o == u"\\" || o == u"MOD") {
-            e.tipoDato = Rango(ta) >= 4 || Rango(tb) >= 4 || EsTexto(ta) || EsTexto(tb) ? TipoCampo::Long : TipoCampo::Integer;
-        } else if (o == u"+" && (EsTexto(ta) || EsTexto(tb)) && (EsTexto(ta) || EsNuloLiteral(*e.args[0])) &&
-                   (EsTexto(tb) || EsNuloLiteral(*e.args[1]))) {
-            // Text + text joins them; text + Null is Null, not a sum.
-            e.tipoDato = TipoCampo::Text;
-        } else if (ta == TipoCampo::Date || tb == TipoCampo::Date) {
-            e.tipoDato = (o == u"-" && ta == TipoCampo::Date && tb == TipoCampo::Date) ? TipoCampo::Double : TipoCampo::Date;
-        } else {
-            TipoCampo x = EsTexto(ta) ? TipoCampo::Double : ta;
-            TipoCampo y = EsTexto(tb) ? TipoCampo::Double : tb;
-            e.tipoDato = Unifica(x, y);
-            if (e.tipoDato == TipoCampo::Boolean || e.tipoDato == TipoCampo::Byte) e.tipoDato = TipoCampo::Integer;
-            if (e.tipoDato == TipoCampo::Ninguno) e.tipoDato = TipoCampo::Double;
+        for (auto& x : e.args) expr(*x, a);
+        if (e.args.size() > 2) {
+            cadena(e);
+            return;
         }
-        e.tamano = EsTexto(e.tipoDato) ? 255 : TamanoFijo(e.tipoDato);
+        const QStringView o = e.op;
+        if (o == u"=" || o == u"<>" || o == u"<" || o == u">" || o == u"<=" || o == u">=")
+            compruebaComparacion(*e.args[0], *e.args[1]);
+        TipaBinario(e);
         return;
     }
     case TipoExpr::Between:

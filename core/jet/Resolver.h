@@ -6,6 +6,8 @@
 #include "core/jet/Ast.h"
 #include "core/jet/Catalogo.h"
 
+#include <QSet>
+
 #include <functional>
 
 namespace jet {
@@ -31,7 +33,9 @@ private:
     Catalogo& catalogo_;
     std::function<QString(const QString&)> adjunta_;
     QStringList faltantes_;
+    QSet<QString> faltantesVistos_;
     int contadorAlias_ = 0;
+    int profundidad_ = 0;
     const TablaDef* destino_ = nullptr;
     QString esquemaDestino_ = QStringLiteral("main");
 
@@ -41,6 +45,7 @@ private:
     void expr(Expr& e, Ambito& a);
     void columna(Expr& e, Ambito& a);
     void funcion(Expr& e, Ambito& a);
+    void cadena(Expr& e);
     void compruebaComparacion(Expr& a, Expr& b);
     void expande(Select& s, Ambito& a);
     void salidaDe(Select& s);

@@ -217,6 +217,24 @@ TEST_F(Arranque, ApostrofoEnElLoginLlegaALaFallaPredeterminada) {
     EXPECT_EQ(f.LblTipo->text(), QStringLiteral(" Visitante"));
 }
 
+TEST_F(Arranque, UnLoginLargoYAnidadoEsUnErrorDelMotorNoUnaCaida) {
+    creaBase();
+    globales::BaseDatos = dao::Database::OpenDatabase(base());
+    // The typed name goes into the statement as it stands: an apostrophe lets it nest at will.
+    QString mensaje;
+    const QString anidado = QStringLiteral("x' OR ") + QStringLiteral("(").repeated(7000) + QStringLiteral("1=1") +
+                            QStringLiteral(")").repeated(7000) + QStringLiteral(" OR '");
+    try {
+        ValidaAnalista(anidado, QStringLiteral("admin"), mensaje);
+        ADD_FAILURE() << "sin error";
+    } catch (const vb::Error& e) {
+        EXPECT_EQ(e.Number(), 3360);
+    }
+    // 14,000 characters of name without an apostrophe are just a login that does not exist.
+    EXPECT_EQ(ValidaAnalista(QStringLiteral("NOT (").repeated(2800), QStringLiteral("admin"), mensaje), QString());
+    EXPECT_EQ(ValidaAnalista(QStringLiteral("ADMIN"), QStringLiteral("admin"), mensaje), QStringLiteral("admin"));
+}
+
 TEST_F(Arranque, RedInstitucionalPorElPrefijoDeLaDireccion) {
     creaBase();
     const QString prefijo = QStringLiteral(ADQ_PREFIJO_RED);

@@ -20,10 +20,51 @@ protected:
 };
 
 TEST_F(Dialecto, NombresEntreCorchetesYSinDistinguirMayusculas) {
-    // The column keeps the name the schema gives it, however the statement writes it.
-    auto rs = abre("SELECT nombre, [nombre CORTO] FROM bibliotecas");
-    EXPECT_EQ(rs->Fields(0).Name(), "Nombre");
-    EXPECT_EQ(rs->Fields(1).Name(), "Nombre corto");
+    // A column is named as the statement writes it; a star names each column as the schema does.
+    auto rs = abre("SELECT nombre, [nombre CORTO], b.[Director] FROM bibliotecas AS b");
+    EXPECT_EQ(rs->Fields(0).Name(), "nombre");
+    EXPECT_EQ(rs->Fields(1).Name(), "nombre CORTO");
+    EXPECT_EQ(rs->Fields(2).Name(), "Director");
+    EXPECT_EQ(rs->Fields("NOMBRE").Value().toString(), "Biblioteca Central");
+    EXPECT_EQ(abre("SELECT * FROM BIBLIOTECAS")->Fields(1).Name(), "Nombre");
+    EXPECT_EQ(abre("SELECT [ejemplares Pedidos] FROM [Solicitudes Libros]")->Fields(0).Name(), "ejemplares Pedidos");
+    EXPECT_EQ(abre("SELECT s.[Ejemplares Pedidos] FROM [Solicitudes Libros] s")->Fields(0).Name(), "Ejemplares Pedidos");
+    // Written back through the name as the statement gave it.
+    auto editable = abre("SELECT NOMBRE FROM Bibliotecas WHERE [No] = 1", dao::dbOpenDynaset);
+    editable->Edit();
+    editable->Fields("nombre") = vb::Variant(QStringLiteral("Central"));
+    editable->Update();
+    EXPECT_EQ(texto("SELECT Nombre FROM Bibliotecas WHERE [No] = 1"), "Central");
+}
+
+TEST_F(Dialecto, TopIncluyeLosEmpatesDelUltimo) {
+    ejecuta("INSERT INTO Bibliotecas ([No], Nombre, Director) VALUES (3, 'Tercera', 'Ing. Treviño')");
+    ejecuta("INSERT INTO Bibliotecas ([No], Nombre, Director) VALUES (4, 'Cuarta', 'Lic. Zapata')");
+    // Two rows share the first place: TOP 1 gives both.
+    EXPECT_EQ(filas("SELECT TOP 2 Director FROM Bibliotecas WHERE Director IS NOT NULL ORDER BY Director"),
+              (QStringList{"Ing. Treviño", "Ing. Treviño"}));
+    EXPECT_EQ(filas("SELECT TOP 1 [No] FROM Bibliotecas WHERE Director IS NOT NULL ORDER BY Director"), (QStringList{"2", "3"}));
+    EXPECT_EQ(filas("SELECT TOP 1 [No] FROM Bibliotecas WHERE Director IS NOT NULL ORDER BY Director DESC"), (QStringList{"4"}));
+    EXPECT_EQ(filas("SELECT TOP 2 [No] FROM Bibliotecas ORDER BY UCase(Director) DESC, [No]"), (QStringList{"4", "2"}));
+    // Case does not break a tie, as text compares.
+    ejecuta("UPDATE Bibliotecas SET Director = 'ING. TREVIÑO' WHERE [No] = 3");
+    EXPECT_EQ(filas("SELECT TOP 1 Nombre FROM Bibliotecas WHERE Director IS NOT NULL ORDER BY Director").size(), 2);
+    // Without an order there is no tie; a percentage rounds up and keeps its ties too.
+    EXPECT_EQ(filas("SELECT TOP 2 [No] FROM Bibliotecas").size(), 2);
+    EXPECT_EQ(filas("SELECT TOP 25 PERCENT [No] FROM Bibliotecas WHERE Director IS NOT NULL ORDER BY Director"), (QStringList{"2", "3"}));
+    // In a subquery and with grouping.
+    EXPECT_EQ(texto("SELECT Count(*) FROM Bibliotecas WHERE [No] IN (SELECT TOP 1 [No] FROM Bibliotecas WHERE Director "
+                    "IS NOT NULL ORDER BY Director)"),
+              "2");
+    EXPECT_EQ(filas("SELECT TOP 1 Director, Count(*) AS n FROM Bibliotecas WHERE Director IS NOT NULL GROUP BY Director "
+                    "ORDER BY Count(*) DESC"),
+              (QStringList{"Ing. Treviño|2"}));
+    // A TOP query over one table still writes back.
+    auto rs = abre("SELECT TOP 1 Nombre FROM Bibliotecas ORDER BY [No] DESC", dao::dbOpenDynaset);
+    rs->Edit();
+    rs->Fields(0) = vb::Variant(QStringLiteral("Última"));
+    rs->Update();
+    EXPECT_EQ(texto("SELECT Nombre FROM Bibliotecas WHERE [No] = 4"), "Última");
 }
 
 TEST_F(Dialecto, LiteralesDeFechaEnTodasSusFormas) {

@@ -103,35 +103,56 @@ TEST_F(Esquema, TablasHechasConTableDefs) {
     EXPECT_EQ(error("SELECT * FROM Otra"), jet::ErrTablaNoEncontrada);
 }
 
-TEST_F(Esquema, ElArchivoEsSqliteSinNadaPropio) {
+TEST_F(Esquema, ElArchivoEsSqliteYSusClavesDeTextoIgnoranMayusculasEnTodoAlfabeto) {
     ejecuta("INSERT INTO Bibliotecas ([No], Nombre) VALUES (1, 'Ñandú')");
     ejecuta("INSERT INTO [Solicitudes Libros] (Titulo, Costo, [Fecha de Recepcion]) VALUES ('Álgebra', 1250.5, #2026/09/01#)");
-    ejecuta("INSERT INTO Analistas (Login, Nombre) VALUES ('ana', 'Ana')");
+    ejecuta("INSERT INTO Analistas (Login, Nombre) VALUES ('josé', 'José')");
+    // A text key is one key whatever the case of its letters, accented capitals included; accents differ.
+    EXPECT_EQ(error("INSERT INTO Analistas (Login) VALUES ('JOSÉ')"), jet::ErrValorDuplicado);
+    EXPECT_EQ(error("INSERT INTO Analistas (Login) VALUES ('JoSé')"), jet::ErrValorDuplicado);
+    EXPECT_EQ(error("INSERT INTO Analistas (Login) VALUES ('jose')"), 0);
+    EXPECT_EQ(error("UPDATE Analistas SET Login = 'JOSÉ' WHERE Login = 'jose'"), jet::ErrValorDuplicado);
+    ejecuta("CREATE TABLE Claves (Nombre TEXT(20) CONSTRAINT PrimaryKey PRIMARY KEY)");
+    ejecuta("INSERT INTO Claves VALUES ('ΣΟΦΊΑ')");
+    EXPECT_EQ(error("INSERT INTO Claves VALUES ('σοφία')"), jet::ErrValorDuplicado);
+    ejecuta("CREATE UNIQUE INDEX PorNombre ON Bibliotecas (Nombre)");
+    EXPECT_EQ(error("INSERT INTO Bibliotecas ([No], Nombre) VALUES (2, 'ñANDÚ')"), jet::ErrValorDuplicado);
     db.reset();
 
+    // Plain SQLite reads every row; the text keys need the engine's collation to be written or checked.
     sqlite3* s = nullptr;
-    ASSERT_EQ(sqlite3_open_v2(QFile::encodeName(ruta("KORVEL8.mdb")).constData(), &s, SQLITE_OPEN_READWRITE, nullptr), SQLITE_OK);
-    auto texto = [&](const char* sql) {
+    ASSERT_EQ(sqlite3_open_v2(QFile::encodeName(ruta("KORVEL8.mdb")).constData(), &s, SQLITE_OPEN_READONLY, nullptr), SQLITE_OK);
+    auto texto = [&](sqlite3* base, const char* sql) {
         sqlite3_stmt* st = nullptr;
         QStringList r;
-        if (sqlite3_prepare_v2(s, sql, -1, &st, nullptr) != SQLITE_OK) return QStringLiteral("ERROR: ") + sqlite3_errmsg(s);
+        if (sqlite3_prepare_v2(base, sql, -1, &st, nullptr) != SQLITE_OK) return QStringLiteral("ERROR: ") + sqlite3_errmsg(base);
         while (sqlite3_step(st) == SQLITE_ROW)
             r << QString::fromUtf8(reinterpret_cast<const char*>(sqlite3_column_text(st, 0)));
         sqlite3_finalize(st);
         return r.join(u'|');
     };
-    EXPECT_EQ(texto("PRAGMA integrity_check"), "ok");
-    EXPECT_EQ(texto("SELECT Nombre FROM Bibliotecas"), "Ñandú");
-    EXPECT_EQ(texto("SELECT Costo || ' ' || \"Fecha de Recepcion\" FROM \"Solicitudes Libros\""), "1250.5 2026-09-01 00:00:00");
-    // Writes through every index work without the engine's functions.
-    EXPECT_EQ(texto("INSERT INTO Analistas (Login) VALUES ('luis') RETURNING Login"), "luis");
-    EXPECT_EQ(texto("SELECT count(*) FROM sqlite_master WHERE sql LIKE '%JETTEXT%' OR sql LIKE '%jet\\_%' ESCAPE '\\'"), "0");
-    EXPECT_EQ(texto("PRAGMA integrity_check"), "ok");
+    EXPECT_EQ(texto(s, "SELECT Nombre FROM Bibliotecas"), "Ñandú");
+    EXPECT_EQ(texto(s, "SELECT Costo || ' ' || \"Fecha de Recepcion\" FROM \"Solicitudes Libros\""), "1250.5 2026-09-01 00:00:00");
+    EXPECT_EQ(texto(s, "SELECT group_concat(Login, ',') FROM (SELECT Login FROM Analistas ORDER BY 1)"), "jose,josé");
     sqlite3_close(s);
 
-    // And it opens again as a database of the program, with what plain SQLite wrote.
     db = dao::Database::OpenDatabase(ruta("KORVEL8.mdb"));
-    EXPECT_EQ(filas("SELECT Login FROM Analistas ORDER BY Login"), (QStringList{"ana", "luis"}));
+    EXPECT_EQ(texto(db->sqlite(), "PRAGMA integrity_check"), "ok");
+}
+
+TEST_F(Esquema, UnArchivoAnteriorRehaceSusClavesDeTexto) {
+    ejecuta("INSERT INTO Analistas (Login) VALUES ('josé')");
+    db.reset();
+    // A file made when text keys folded ASCII only.
+    sqlite3* s = nullptr;
+    ASSERT_EQ(sqlite3_open_v2(QFile::encodeName(ruta("KORVEL8.mdb")).constData(), &s, SQLITE_OPEN_READWRITE, nullptr), SQLITE_OK);
+    char* msg = nullptr;
+    ASSERT_EQ(sqlite3_exec(s, "DROP INDEX \"Analistas.PrimaryKey\"; CREATE UNIQUE INDEX \"Analistas.PrimaryKey\" ON Analistas "
+                              "(Login COLLATE NOCASE);",
+                           nullptr, nullptr, &msg), SQLITE_OK) << msg;
+    sqlite3_close(s);
+    db = dao::Database::OpenDatabase(ruta("KORVEL8.mdb"));
+    EXPECT_EQ(error("INSERT INTO Analistas (Login) VALUES ('JOSÉ')"), jet::ErrValorDuplicado);
 }
 
 TEST_F(Esquema, ArchivoDelFormatoAnteriorSeRechazaSinTocarlo) {
