@@ -943,7 +943,9 @@ QString CatalogoSimple::ObtenerNoCuenta(bool& Status) {
     controles::ListItem* item = LstView->SelectedItem();
     for (int c = 1; c <= LstView->ColumnHeaders().Count(); ++c) {
         const QString titulo = LstView->ColumnHeaders()(c).Text();
-        if (titulo == QStringLiteral("No") || titulo == QStringLiteral("NoCuenta")) {
+        // The header is the column's name as the view's statement writes it ("[NO]" in some catalogs).
+        if (titulo.compare(QLatin1String("No"), Qt::CaseInsensitive) == 0 ||
+            titulo.compare(QLatin1String("NoCuenta"), Qt::CaseInsensitive) == 0) {
             if (!item) return QString();
             return c == 1 ? item->Text() : item->SubItems(c - 1);
         }
