@@ -124,6 +124,21 @@ QStringList RevisaContenido(sqlite3* c, bool completa) {
         const QStringList paginas = Filas(c, "PRAGMA page_count");
         const bool chica = paginas.size() == 1 && paginas[0].toLongLong() <= PaginasRevisionAlAbrir;
         r = Filas(c, chica ? "PRAGMA quick_check(20)" : "PRAGMA quick_check('sqlite_master')");
+        if (!chica && r == QStringList{QStringLiteral("ok")}) {
+            // A large file: the schema, and the way from each table's root to its last row, where the
+            // pages written last usually lie.
+            for (const QString& tabla : Filas(c, "SELECT name FROM sqlite_master WHERE type = 'table' AND name NOT LIKE 'sqlite%'")) {
+                const QByteArray sql = QStringLiteral("SELECT max(rowid) FROM \"%1\"").arg(QString(tabla).replace(u'"', QStringLiteral("\"\""))).toUtf8();
+                sqlite3_stmt* st = nullptr;
+                if (sqlite3_prepare_v2(c, sql.constData(), -1, &st, nullptr) != SQLITE_OK) {
+                    sqlite3_finalize(st);
+                    continue;                   // a table without row ids
+                }
+                const int rc = sqlite3_step(st);
+                sqlite3_finalize(st);
+                if (rc != SQLITE_ROW) return {QString::fromUtf8(sqlite3_errmsg(c))};
+            }
+        }
     }
     if (r == QStringList{QStringLiteral("ok")}) return {};
     return r;
