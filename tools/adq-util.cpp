@@ -45,12 +45,17 @@ int Crea(const QString& ruta, bool conDemo, QTextStream& err) {
         auto db = dao::Database::CreateDatabase(temporal);
         esquema::CreaTablas(*db);
         if (conDemo) demo::CargaDemo(*db);
-        // Everything back in the one file, with no log beside it to be left behind by the rename.
-        if (sqlite3_exec(db->sqlite(), "PRAGMA journal_mode=DELETE", nullptr, nullptr, nullptr) != SQLITE_OK)
+        if (sqlite3_exec(db->sqlite(), "PRAGMA wal_checkpoint(TRUNCATE)", nullptr, nullptr, nullptr) != SQLITE_OK)
             db->lanzaSqlite(sqlite3_errcode(db->sqlite()));
     } catch (...) {
         archivos::BorraTemporal(temporal);
         throw;
+    }
+    // Closed, everything is back in the one file: a log left beside it would be lost by the rename.
+    if (QFile::exists(temporal + QStringLiteral("-wal"))) {
+        archivos::BorraTemporal(temporal);
+        err << "No se pudo terminar la base de datos '" << ruta << "'.\n";
+        return 1;
     }
     QString error;
     if (!archivos::MueveSinReemplazar(temporal, ruta, error)) {

@@ -468,9 +468,10 @@ void Database::abre(const QString& ruta, bool crear, bool soloLectura) {
         }
         sqlite3_extended_result_codes(db_, 1);
         // The write-ahead log needs memory that only one machine's processes share; on a network share the
-        // rollback journal needs nothing but the share's file locks. A log left in WAL mode is turned back
-        // when no one else has the file open, without waiting for them.
-        sqlite3_busy_timeout(db_, enRed_ ? 0 : 10000);
+        // rollback journal needs nothing but the share's file locks. The mode changes when no one else has
+        // the file open, without waiting for them; SQLite gives up at once anyway when another session
+        // holds a write lock.
+        sqlite3_busy_timeout(db_, 0);
         const char* pragmas = enRed_ ? "PRAGMA journal_mode=DELETE; PRAGMA synchronous=FULL; PRAGMA foreign_keys=OFF;"
                                      : "PRAGMA journal_mode=WAL; PRAGMA synchronous=NORMAL; PRAGMA foreign_keys=OFF;";
         char* error = nullptr;
@@ -478,7 +479,8 @@ void Database::abre(const QString& ruta, bool crear, bool soloLectura) {
             const QString msg = QString::fromUtf8(error ? error : "");
             const int codigo = sqlite3_errcode(db_);
             sqlite3_free(error);
-            if (!(enRed_ && (codigo == SQLITE_BUSY || codigo == SQLITE_LOCKED))) {
+            // Another session writing when the mode is to change: the database stays as it is for now.
+            if (codigo != SQLITE_BUSY && codigo != SQLITE_LOCKED) {
                 Close();
                 if (msg.contains(QLatin1String("not a database"))) Lanza(ErrFormatoNoReconocido, QDir::toNativeSeparators(ruta));
                 Lanza(ErrNoSePuedeAbrir, QDir::toNativeSeparators(ruta), msg);
@@ -502,9 +504,12 @@ void Database::abre(const QString& ruta, bool crear, bool soloLectura) {
 }
 
 std::unique_ptr<Database> Database::OpenDatabase(const QString& ruta, bool soloLectura) {
-    const Formato f = FormatoDe(ruta);
-    if (f == Formato::Inexistente) Lanza(ErrArchivoNoEncontrado, QDir::toNativeSeparators(ruta));
-    if (f != Formato::Sqlite) RechazaFormato(ruta, f);
+    // A file this process has open is a database already, and is not to be opened behind SQLite's back.
+    if (!QFileInfo::exists(ruta) || !Abiertas().contains(Canonica(ruta))) {
+        const Formato f = FormatoDe(ruta);
+        if (f == Formato::Inexistente) Lanza(ErrArchivoNoEncontrado, QDir::toNativeSeparators(ruta));
+        if (f != Formato::Sqlite) RechazaFormato(ruta, f);
+    }
     std::unique_ptr<Database> db(new Database);
     db->abre(ruta, false, soloLectura || DecideSoloLectura(PermisosDe(ruta)));
     return db;
