@@ -71,7 +71,7 @@ QString Uri(const QString& ruta, bool inmutable) {
 
 // A read-only connection that can read: the usual one, which takes part in the write-ahead log's locks;
 // where that can't be (a folder where the log's files can't be made), the file read as it lies.
-sqlite3* ConexionSoloLectura(const QString& ruta, bool inmutable, QString& error) {
+sqlite3* ConexionSoloLectura(const QString& ruta, bool inmutable, QString& error, int* codigo = nullptr) {
     sqlite3* c = nullptr;
     const QByteArray u = Uri(ruta, inmutable).toUtf8();
     int rc = sqlite3_open_v2(u.constData(), &c, SQLITE_OPEN_READONLY | SQLITE_OPEN_URI | SQLITE_OPEN_NOMUTEX, nullptr);
@@ -82,24 +82,31 @@ sqlite3* ConexionSoloLectura(const QString& ruta, bool inmutable, QString& error
     }
     if (rc != SQLITE_OK) {
         error = c ? QString::fromUtf8(sqlite3_errmsg(c)) : QString();
+        if (codigo) *codigo = rc & 0xFF;
         sqlite3_close_v2(c);
         return nullptr;
     }
     return c;
 }
 
-sqlite3* AbreParaLeer(const QString& ruta, QString& error, bool* inmutable = nullptr) {
-    const Permisos p = PermisosDe(ruta);
-    // Nobody can be writing where the log can't be made, and with no frames in a log the file is the
-    // whole database.
-    const bool sinRegistro = !RegistroPendiente(ruta);
-    if (!p.carpetaEscribible && sinRegistro) {
-        if (inmutable) *inmutable = true;
+// Bytes 18 and 19 of the header: 2 in WAL mode.
+bool EnModoWal(const QString& ruta) {
+    QFile f(ruta);
+    if (!f.open(QIODevice::ReadOnly)) return false;
+    const QByteArray c = f.read(20);
+    return c.size() == 20 && c[18] == 2;
+}
+
+sqlite3* AbreParaLeer(const QString& ruta, QString& error) {
+    // In WAL mode even a reader makes the log's files. Where the folder can't take them (by its bits as
+    // well: root would make them anyway) and no log holds frames, the file is the whole database and
+    // nobody can be writing it in WAL mode. A reader in rollback mode makes nothing.
+    if (!PermisosDe(ruta).carpetaEscribible && !RegistroPendiente(ruta) && EnModoWal(ruta))
         return ConexionSoloLectura(ruta, true, error);
-    }
-    sqlite3* c = ConexionSoloLectura(ruta, false, error);
-    if (c) return c;
-    if (inmutable) *inmutable = true;
+    int codigo = SQLITE_OK;
+    sqlite3* c = ConexionSoloLectura(ruta, false, error, &codigo);
+    if (c || (codigo != SQLITE_CANTOPEN && codigo != SQLITE_READONLY)) return c;
+    // The log's files can't be made or written here: the file as it lies, the last checkpoint's state.
     return ConexionSoloLectura(ruta, true, error);
 }
 
@@ -432,8 +439,7 @@ void Database::abre(const QString& ruta, bool crear, bool soloLectura) {
         const QStringList cabecera = CabeceraDe(ruta);
         if (!cabecera.isEmpty()) RechazaDanada(ruta, cabecera);
         QString error;
-        bool inmutable = false;
-        sqlite3* revision = AbreParaLeer(ruta, error, &inmutable);
+        sqlite3* revision = AbreParaLeer(ruta, error);
         if (!revision) {
             if (error.contains(QLatin1String("not a database")) || error.contains(QLatin1String("malformed")))
                 RechazaDanada(ruta, {error});
@@ -485,7 +491,7 @@ void Database::abre(const QString& ruta, bool crear, bool soloLectura) {
                 if (msg.contains(QLatin1String("not a database"))) Lanza(ErrFormatoNoReconocido, QDir::toNativeSeparators(ruta));
                 Lanza(ErrNoSePuedeAbrir, QDir::toNativeSeparators(ruta), msg);
             }
-            sqlite3_exec(db_, "PRAGMA foreign_keys=OFF;", nullptr, nullptr, nullptr);
+            sqlite3_exec(db_, "PRAGMA synchronous=FULL; PRAGMA foreign_keys=OFF;", nullptr, nullptr, nullptr);
         }
         sqlite3_busy_timeout(db_, 10000);
     }
