@@ -6,6 +6,7 @@
 //   --abrir COMANDO         once start-up is over, run a command of the main window ("Escuelas", "CambioFecha")
 #include "catalog/Registro.h"
 #include "core/FormPrincipal.h"
+#include "core/LineaComandos.h"
 #include "core/ui/Plataforma.h"
 #include "core/ui/PlataformaQt.h"
 #include "reports/Registro.h"
@@ -35,6 +36,8 @@ int main(int argc, char** argv) {
 
     FormPrincipal principal;
     principal.LineaComandos = argumentos.join(u' ');
+    // The password of "-u usuario -p clave" leaves the visible command line now that it is read.
+    linea::BorraClaveDeLaLinea(argc, argv, argc - static_cast<int>(argumentos.size()));
     bool seguir = false;
     // Start-up traps nothing: an engine error (no database, an unreadable file) is the first thing the
     // user sees, and the program ends.

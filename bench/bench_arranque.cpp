@@ -8,6 +8,7 @@
 #include "core/dao/Dao.h"
 #include "core/ui/PlataformaPrueba.h"
 
+#include <QFile>
 #include <QTemporaryDir>
 #include <benchmark/benchmark.h>
 #include <sqlite3.h>
@@ -49,8 +50,13 @@ struct BaseGrande {
     }
 };
 
-void BM_ArranqueHastaElDialogo(benchmark::State& state) {
+BaseGrande& Grande() {
     static BaseGrande base;
+    return base;
+}
+
+void BM_ArranqueHastaElDialogo(benchmark::State& state) {
+    BaseGrande& base = Grande();
     for (auto _ : state) {
         auto plataforma = std::make_unique<ui::PlataformaPrueba>();
         plataforma->rutaPrograma = base.dir.path();
@@ -64,5 +70,27 @@ void BM_ArranqueHastaElDialogo(benchmark::State& state) {
     }
 }
 BENCHMARK(BM_ArranqueHastaElDialogo)->Unit(benchmark::kMillisecond);
+
+// Opening alone, with the look at the header and the read-only quick check that come before any write.
+void BM_AbrirLaBase(benchmark::State& state) {
+    BaseGrande& base = Grande();
+    const QString ruta = base.dir.filePath(QStringLiteral("KORVEL8.mdb"));
+    for (auto _ : state) {
+        auto db = dao::Database::OpenDatabase(ruta);
+        benchmark::DoNotOptimize(db.get());
+    }
+}
+BENCHMARK(BM_AbrirLaBase)->Unit(benchmark::kMillisecond);
+
+// The quick check by itself, on a connection of its own.
+void BM_RevisionRapida(benchmark::State& state) {
+    BaseGrande& base = Grande();
+    const QByteArray ruta = QFile::encodeName(base.dir.filePath(QStringLiteral("KORVEL8.mdb")));
+    sqlite3* c = nullptr;
+    sqlite3_open_v2(ruta.constData(), &c, SQLITE_OPEN_READONLY, nullptr);
+    for (auto _ : state) sqlite3_exec(c, "PRAGMA quick_check(20)", nullptr, nullptr, nullptr);
+    sqlite3_close(c);
+}
+BENCHMARK(BM_RevisionRapida)->Unit(benchmark::kMillisecond);
 
 }  // namespace

@@ -259,6 +259,15 @@ bool FormPrincipal::ArranqueHastaLogin() {
     ui::Plataforma& sistema = ui::Sistema();
     lblActua->setText(QStringLiteral("KORVEL 8.0 act. 4.0 [20081215]"));
     AbrirBaseDatos();
+    if (globales::Base().EnRed() && !globales::AvisoRedMostrado) {
+        globales::AvisoRedMostrado = true;
+        sistema.MsgBox(QStringLiteral("La base de datos está en una carpeta de red:") + QStringLiteral("\r\n") +
+                           QDir::toNativeSeparators(globales::Base().Name()) + QStringLiteral("\r\n\r\n") +
+                           QStringLiteral("Se trabajará sin el registro de escritura anticipada. ") +
+                           QStringLiteral("Si varias estaciones de trabajo comparten la base de datos, ") +
+                           QStringLiteral("conviene que lo hagan a través de un servidor de bases de datos."),
+                       ui::vbInformation, QStringLiteral("Base de datos en red"));
+    }
     LeerConfiguracion();
     Datos::CorrigeSolDonNumAdqui();
     const QString isbn = Datos::AgregaISBN();

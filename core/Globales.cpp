@@ -14,6 +14,7 @@ dao::Database& Base() {
 QString LoginAnalista;
 std::array<int, 3> Derechos = {0, 0, 0};
 bool EnRedInstitucional = false;
+bool AvisoRedMostrado = false;
 QString NombreBiblioteca = QStringLiteral("Biblioteca");
 QString NombreInstitucion = QStringLiteral("Institución");
 QString EtiquetaAlumno = QStringLiteral("Alumno");

@@ -20,6 +20,7 @@ dao::Database& Base();     // the open database; error 91 if none is open
 extern QString LoginAnalista;                 // empty if nobody logged in
 extern std::array<int, 3> Derechos;           // Derechos(2) <> 0 administrator; Derechos(1) = 0 visitor
 extern bool EnRedInstitucional;
+extern bool AvisoRedMostrado;                 // the database-on-a-share box, once a run
 extern QString NombreBiblioteca;              // "Biblioteca"
 extern QString NombreInstitucion;             // "Institución"
 extern QString EtiquetaAlumno;                // "Alumno"

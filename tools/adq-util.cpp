@@ -1,13 +1,19 @@
 // adq-util: the command-line utility of the acquisitions module. It creates databases, fills a demo,
-// adds analysts and runs statements of the program's SQL dialect.
+// adds analysts, runs statements of the program's SQL dialect, backs a database up and checks it.
 #include "core/DatosDemo.h"
 #include "core/Esquema.h"
+#include "core/LineaComandos.h"
 #include "core/dao/Dao.h"
+#include "tools/Archivos.h"
 #include "tools/ConsolaSql.h"
 
 #include <QCoreApplication>
 #include <QFile>
 #include <QTextStream>
+#include <cstdio>
+#include <sqlite3.h>
+#include <termios.h>
+#include <unistd.h>
 
 namespace {
 
@@ -16,21 +22,71 @@ int Uso(QTextStream& err) {
            "  adq-util crear BASE                      crea una base de datos nueva con todas las tablas\n"
            "  adq-util demo BASE                       crea una base de datos con datos de demostración\n"
            "  adq-util analista BASE LOGIN CLAVE [DERECHOS [MODULOS]]\n"
-           "                                           agrega o reemplaza un analista (DERECHOS \"011\", MODULOS \"1\")\n"
-           "  adq-util sql BASE [SENTENCIA]            ejecuta una sentencia, o una por línea de la entrada\n";
+           "                                           agrega o reemplaza un analista (DERECHOS \"011\", MODULOS \"1\");\n"
+           "                                           con CLAVE \"-\" la clave se lee de la entrada\n"
+           "  adq-util sql BASE [SENTENCIA]            ejecuta una sentencia, o una por línea de la entrada\n"
+           "  adq-util respaldar BASE DESTINO          copia la base de datos mientras otros la usan\n"
+           "  adq-util verificar BASE                  revisa la integridad de la base de datos\n";
     err.flush();
     return 2;
 }
 
+// The whole database is made under a temporary name beside the target and takes the target's name only
+// when finished.
 int Crea(const QString& ruta, bool conDemo, QTextStream& err) {
     if (QFile::exists(ruta)) {
         err << "El archivo '" << ruta << "' ya existe; no se sobrescribe.\n";
         return 1;
     }
-    auto db = dao::Database::CreateDatabase(ruta);
-    esquema::CreaTablas(*db);
-    if (conDemo) demo::CargaDemo(*db);
+    archivos::BorraTemporalesHuerfanos(ruta);
+    const QString temporal = archivos::TemporalJunto(ruta);
+    archivos::BorraTemporal(temporal);
+    try {
+        auto db = dao::Database::CreateDatabase(temporal);
+        esquema::CreaTablas(*db);
+        if (conDemo) demo::CargaDemo(*db);
+        if (sqlite3_exec(db->sqlite(), "PRAGMA wal_checkpoint(TRUNCATE)", nullptr, nullptr, nullptr) != SQLITE_OK)
+            db->lanzaSqlite(sqlite3_errcode(db->sqlite()));
+    } catch (...) {
+        archivos::BorraTemporal(temporal);
+        throw;
+    }
+    // Closed, everything is back in the one file: a log left beside it would be lost by the rename.
+    if (QFile::exists(temporal + QStringLiteral("-wal"))) {
+        archivos::BorraTemporal(temporal);
+        err << "No se pudo terminar la base de datos '" << ruta << "'.\n";
+        return 1;
+    }
+    QString error;
+    if (!archivos::MueveSinReemplazar(temporal, ruta, error)) {
+        archivos::BorraTemporal(temporal);
+        err << error << '\n';
+        return 1;
+    }
     return 0;
+}
+
+// One line of standard input, not shown while it is typed at a terminal.
+QString LeeClave() {
+    termios antes {};
+    const bool terminal = ::isatty(STDIN_FILENO) && ::tcgetattr(STDIN_FILENO, &antes) == 0;
+    if (terminal) {
+        std::fputs("Clave: ", stderr);
+        termios sinEco = antes;
+        sinEco.c_lflag &= ~static_cast<tcflag_t>(ECHO);
+        ::tcsetattr(STDIN_FILENO, TCSAFLUSH, &sinEco);
+    }
+    QByteArray linea;
+    int c;
+    while ((c = std::getchar()) != EOF && c != '\n') linea += static_cast<char>(c);
+    if (terminal) {
+        ::tcsetattr(STDIN_FILENO, TCSAFLUSH, &antes);
+        std::fputs("\n", stderr);
+    }
+    if (linea.endsWith('\r')) linea.chop(1);
+    const QString clave = QString::fromLocal8Bit(linea);
+    linea.fill('\0');
+    return clave;
 }
 
 }  // namespace
@@ -47,8 +103,12 @@ int main(int argc, char** argv) {
         if (orden == QLatin1String("crear") && args.size() == 2) return Crea(ruta, false, err);
         if (orden == QLatin1String("demo") && args.size() == 2) return Crea(ruta, true, err);
         if (orden == QLatin1String("analista") && args.size() >= 4 && args.size() <= 6) {
+            QString clave = args[3];
+            // The password leaves the visible command line as soon as it is read.
+            if (argc > 4) linea::BorraArgumento(argv[4]);
+            if (clave == QLatin1String("-")) clave = LeeClave();
             auto db = dao::Database::OpenDatabase(ruta);
-            demo::AgregaAnalista(*db, args[2], args[3], args.value(4, QStringLiteral("011")),
+            demo::AgregaAnalista(*db, args[2], clave, args.value(4, QStringLiteral("011")),
                                  args.value(5, QStringLiteral("1")));
             return 0;
         }
@@ -64,7 +124,10 @@ int main(int argc, char** argv) {
             }
             return todoBien ? 0 : 1;
         }
+        if (orden == QLatin1String("respaldar") && args.size() == 3) return archivos::Respalda(ruta, args[2], out, err);
+        if (orden == QLatin1String("verificar") && args.size() == 2) return archivos::Verifica(ruta, out, err);
     } catch (const vb::Error& e) {
+        out.flush();
         err << "Error " << e.Number() << ": " << e.Description() << '\n';
         return 1;
     }

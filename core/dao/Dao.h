@@ -8,6 +8,7 @@
 #include "core/vb/Variant.h"
 
 #include <QString>
+#include <QStringList>
 #include <memory>
 #include <optional>
 #include <vector>
@@ -31,6 +32,42 @@ inline const QString dbLangSpanish = QStringLiteral(";LANGID=0x040A;CP=1252;COUN
 class Database;
 class Recordset;
 class TableDef;
+
+// The filesystem a folder lies on, as statfs(2) names it (f_type); -1 when it can't be told. Tests put
+// another function in its place, since no network share is at hand.
+using FuncionTipoSistemaArchivos = long (*)(const QString& carpeta);
+extern FuncionTipoSistemaArchivos TipoSistemaArchivos;
+long TipoSistemaArchivosReal(const QString& carpeta);
+// NFS, SMB/CIFS, 9p, FUSE (sshfs and the like), AFS, Ceph, Coda, NCP...: shares whose memory can't be
+// mapped by every machine's processes at once.
+bool EsSistemaDeRed(long tipo);
+
+// What decides whether a file opens read-only: nobody here may write it or its folder. access(2) answers
+// for this user, but root passes it everywhere, so a file or folder that no permission bit lets anyone
+// write counts as read-only as well; and so does a filesystem mounted read-only.
+struct Permisos {
+    bool archivoEscribible = true;    // access(W_OK)
+    bool carpetaEscribible = true;
+    unsigned modoArchivo = 0644;      // st_mode & 07777
+    unsigned modoCarpeta = 0755;
+    bool montajeSoloLectura = false;
+};
+Permisos PermisosDe(const QString& ruta);
+bool DecideSoloLectura(const Permisos& p);
+
+// The header of a database file against its size: page size, whole pages, the header's page count. Each
+// problem in Spanish; empty when it agrees. registroPendiente: a -wal with frames or a hot journal lies
+// beside, so the main file alone needn't agree with its header until SQLite recovers it.
+QStringList RevisaCabecera(const QByteArray& cabecera, qint64 tamano, bool registroPendiente);
+
+// The whole integrity check of a file, opened read-only: the problems found, one per entry, in Spanish;
+// empty when it is sound.
+QStringList RevisaBaseDeDatos(const QString& ruta);
+
+// Databases up to this many pages (4 MB at 4 KB) get SQLite's whole quick check when they open, some
+// tens of milliseconds; larger ones the check of the schema and of the way to each table's last row, so
+// that start-up stays quick. The header is always checked against the file's size.
+inline constexpr int PaginasRevisionAlAbrir = 1024;
 
 // A field: either a column of an open recordset (with a Value) or a field definition of a table.
 class Field {
@@ -176,8 +213,11 @@ public:
     Database& operator=(const Database&) = delete;
 
     // The file must exist and be a database of this program; a file of the older desktop format is
-    // refused untouched (3343), as is anything else.
-    static std::unique_ptr<Database> OpenDatabase(const QString& ruta);
+    // refused untouched (3343), as is anything else, an empty file included. A damaged file is refused
+    // (3343) after a read-only look, with nothing written. A file or folder that can't be written opens
+    // read-only, as does any file when soloLectura is asked; writes then raise 3027. On a network
+    // filesystem the database runs with the rollback journal instead of the write-ahead log.
+    static std::unique_ptr<Database> OpenDatabase(const QString& ruta, bool soloLectura = false);
     // A new empty database; 3204 if the file exists.
     static std::unique_ptr<Database> CreateDatabase(const QString& ruta, const QString& idioma = dbLangSpanish,
                                                     int opciones = 0);
@@ -191,6 +231,8 @@ public:
     std::unique_ptr<TableDef> CreateTableDef(const QString& nombre = QString()) const;
     const QString& Name() const { return ruta_; }
     void Close();
+    bool EnRed() const { return enRed_; }
+    bool SoloLectura() const { return soloLectura_; }
 
     // For the engine's own layers.
     sqlite3* sqlite() const { return db_; }
@@ -202,13 +244,16 @@ private:
     friend class TableDef;
     friend class TableDefsCollection;
     Database() = default;
-    void abre(const QString& ruta, bool crear);
+    void abre(const QString& ruta, bool crear, bool soloLectura = false);
     QString adjunta(const QString& ruta);
     void sueltaAdjuntas();
     void ejecutaDdl(const jet::Sentencia& s);
 
     sqlite3* db_ = nullptr;
     QString ruta_;
+    QString rutaAbierta_;      // the canonical path registered as open in this process
+    bool enRed_ = false;
+    bool soloLectura_ = false;
     std::unique_ptr<jet::Catalogo> catalogo_;
     TableDefsCollection tableDefs_;
     long long afectados_ = 0;

@@ -6,11 +6,13 @@
 #include "core/FormPrincipal.h"
 #include "core/Globales.h"
 #include "core/Leepasswd.h"
+#include "core/LineaComandos.h"
 #include "core/dao/Dao.h"
 #include "core/ui/PlataformaPrueba.h"
 
 #include <QAction>
 #include <QApplication>
+#include <QDir>
 #include <QFile>
 #include <QLabel>
 #include <QLineEdit>
@@ -35,6 +37,7 @@ protected:
         globales::LoginAnalista.clear();
         globales::Derechos = {0, 0, 0};
         globales::EnRedInstitucional = false;
+        globales::AvisoRedMostrado = false;
     }
     void TearDown() override { globales::BaseDatos.reset(); }
 
@@ -277,6 +280,77 @@ TEST_F(Arranque, BotonesDeLaVentanaPrincipal) {
     EXPECT_TRUE(f.PictureSplash->isVisibleTo(&f));
     f.Timer1_Timer();
     EXPECT_FALSE(f.PictureSplash->isVisibleTo(&f));
+}
+
+TEST_F(Arranque, BaseEnCarpetaDeRedSeAvisaUnaVezPorSesion) {
+    creaBase();
+    dao::TipoSistemaArchivos = [](const QString&) -> long { return 0x6969; };
+    struct Restaura {
+        ~Restaura() { dao::TipoSistemaArchivos = &dao::TipoSistemaArchivosReal; }
+    } restaura;
+    for (int vez = 0; vez < 2; ++vez) {
+        FormPrincipal f;
+        f.LineaComandos = QStringLiteral("-u admin -p admin");
+        ASSERT_TRUE(f.Form_Load());
+        EXPECT_TRUE(globales::Base().EnRed());
+        globales::BaseDatos.reset();
+    }
+    ASSERT_EQ(sistema->cajas.size(), 1u) << sistema->Textos().join(u'|').toStdString();
+    EXPECT_EQ(sistema->cajas[0].titulo, QStringLiteral("Base de datos en red"));
+    EXPECT_EQ(sistema->cajas[0].flags, ui::vbInformation);
+    EXPECT_TRUE(sistema->cajas[0].texto.contains(QDir::toNativeSeparators(base())));
+    EXPECT_TRUE(sistema->cajas[0].texto.contains(QStringLiteral("servidor de bases de datos")));
+
+    // On a local disk there is nothing to tell.
+    dao::TipoSistemaArchivos = &dao::TipoSistemaArchivosReal;
+    globales::AvisoRedMostrado = false;
+    sistema->cajas.clear();
+    FormPrincipal f;
+    f.LineaComandos = QStringLiteral("-u admin -p admin");
+    ASSERT_TRUE(f.Form_Load());
+    EXPECT_TRUE(sistema->cajas.empty());
+}
+
+// argv as the system lays it out: the arguments one after the other in one block, each ended by a zero.
+struct LineaDePrueba {
+    QByteArray bloque;
+    std::vector<char*> argv;
+    explicit LineaDePrueba(const QList<QByteArray>& args) {
+        for (const auto& a : args) bloque += a + '\0';
+        size_t i = 0;
+        for (const auto& a : args) {
+            argv.push_back(bloque.data() + i);
+            i += static_cast<size_t>(a.size()) + 1;
+        }
+    }
+    // What /proc/<pid>/cmdline would show: the block with zeros as spaces.
+    QByteArray visible() const {
+        QByteArray v = bloque;
+        v.replace('\0', ' ');
+        return v.simplified();
+    }
+};
+
+TEST(LineaDeComandos, LaClaveSeBorraEnElLugarDondeElArranqueLaLee) {
+    {
+        LineaDePrueba l({"adquisiciones", "--captura", "x.png", "-u", "admin", "-p", "se creta"});
+        linea::BorraClaveDeLaLinea(static_cast<int>(l.argv.size()), l.argv.data(), 3);
+        EXPECT_EQ(l.visible(), QByteArray("adquisiciones --captura x.png -u admin -p"));
+        EXPECT_EQ(l.bloque.size(), QByteArray("adquisiciones --captura x.png -u admin -p se creta").size() + 1);
+    }
+    {
+        // "-pclave" and a password of several words: everything after "-p" is the password.
+        LineaDePrueba l({"adquisiciones", "-u", "ana", "-pmi", "clave", "larga"});
+        linea::BorraClaveDeLaLinea(static_cast<int>(l.argv.size()), l.argv.data());
+        EXPECT_EQ(l.visible(), QByteArray("adquisiciones -u ana -p"));
+    }
+    {
+        // As at start-up, "-p" before "-u" is no password: nothing is touched.
+        LineaDePrueba l({"adquisiciones", "-p", "admin", "-u", "admin"});
+        const QByteArray antes = l.bloque;
+        linea::BorraClaveDeLaLinea(static_cast<int>(l.argv.size()), l.argv.data());
+        EXPECT_EQ(l.bloque, antes);
+    }
 }
 
 }  // namespace
