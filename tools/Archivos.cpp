@@ -1,5 +1,7 @@
 #include "tools/Archivos.h"
 
+#include "core/jet/FuncionesSqlite.h"
+
 #include "core/dao/Dao.h"
 
 #include <QCoreApplication>
@@ -85,6 +87,8 @@ int Respalda(const QString& base, const QString& destino, QTextStream& out, QTex
     if (sqlite3_open_v2(QFile::encodeName(temporal).constData(), &copia,
                         SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE | SQLITE_OPEN_EXCLUSIVE, nullptr) != SQLITE_OK)
         return falla(Texto(copia));
+    // The copy is checked with the engine's collation, which its text keys use.
+    jet::RegistraFunciones(copia);
     sqlite3_backup* respaldo = sqlite3_backup_init(copia, "main", origen->sqlite(), "main");
     if (!respaldo) return falla(Texto(copia));
     // A few pages at a time, with a short rest between steps so that writers keep going. Each write by

@@ -78,6 +78,7 @@ sqlite3* ConexionSoloLectura(const QString& ruta, bool inmutable, QString& error
     if (rc == SQLITE_OK) {
         sqlite3_extended_result_codes(c, 1);
         sqlite3_busy_timeout(c, 10000);
+        RegistraFunciones(c);   // the text keys are checked with the engine's collation
         rc = sqlite3_exec(c, "SELECT count(*) FROM sqlite_master", nullptr, nullptr, nullptr);
     }
     if (rc != SQLITE_OK) {
@@ -162,9 +163,10 @@ QStringList CabeceraDe(const QString& ruta) {
 
 [[noreturn]] void RechazaDanada(const QString& ruta, const QStringList& problemas) {
     throw vb::Error(ErrFormatoNoReconocido,
-                    QStringLiteral("La base de datos '%1' está dañada y no se abrió; no se escribió nada en ella. "
-                                   "Hay que restaurarla desde su respaldo.\r\n%2")
-                        .arg(QDir::toNativeSeparators(ruta), problemas.mid(0, 5).join(QStringLiteral("\r\n"))),
+                    (QStringLiteral("La base de datos '%1' está dañada y no se abrió; no se escribió nada en ella. "
+                                    "Hay que restaurarla desde su respaldo.")
+                         .arg(QDir::toNativeSeparators(ruta)) +
+                     (problemas.isEmpty() ? QString() : QStringLiteral("\r\n") + problemas.mid(0, 5).join(QStringLiteral("\r\n")))),
                     QStringLiteral("Motor de base de datos"));
 }
 
@@ -405,13 +407,14 @@ void Database::abre(const QString& ruta, bool crear, bool soloLectura) {
         sqlite3* revision = AbreParaLeer(ruta, error);
         if (!revision) {
             if (error.contains(QLatin1String("not a database")) || error.contains(QLatin1String("malformed")))
-                RechazaDanada(ruta, {error});
-            Lanza(ErrNoSePuedeAbrir, QDir::toNativeSeparators(ruta), error);
+                RechazaDanada(ruta, {});
+            Lanza(ErrNoSePuedeAbrir, QDir::toNativeSeparators(ruta));
         }
+        // What SQLite finds is in its own words: the box tells only that the file is damaged.
         const QStringList problemas = RevisaContenido(revision, false);
         if (!problemas.isEmpty()) {
             sqlite3_close_v2(revision);
-            RechazaDanada(ruta, problemas);
+            RechazaDanada(ruta, {});
         }
         if (soloLectura) {
             db_ = revision;
@@ -422,7 +425,7 @@ void Database::abre(const QString& ruta, bool crear, bool soloLectura) {
     } else if (soloLectura) {
         QString error;
         db_ = AbreParaLeer(ruta, error);
-        if (!db_) Lanza(ErrNoSePuedeAbrir, QDir::toNativeSeparators(ruta), error);
+        if (!db_) Lanza(ErrNoSePuedeAbrir, QDir::toNativeSeparators(ruta));
     }
     soloLectura_ = soloLectura;
     if (!db_) {
@@ -430,10 +433,9 @@ void Database::abre(const QString& ruta, bool crear, bool soloLectura) {
         const int flags = SQLITE_OPEN_READWRITE | (crear ? SQLITE_OPEN_CREATE : 0) | SQLITE_OPEN_NOMUTEX;
         const int rc = sqlite3_open_v2(r.constData(), &db_, flags, nullptr);
         if (rc != SQLITE_OK) {
-            const QString msg = db_ ? QString::fromUtf8(sqlite3_errmsg(db_)) : QString();
             sqlite3_close_v2(db_);
             db_ = nullptr;
-            Lanza(ErrNoSePuedeAbrir, QDir::toNativeSeparators(ruta), msg);
+            Lanza(ErrNoSePuedeAbrir, QDir::toNativeSeparators(ruta));
         }
         sqlite3_extended_result_codes(db_, 1);
         // The write-ahead log needs memory that only one machine's processes share; on a network share the
@@ -452,7 +454,7 @@ void Database::abre(const QString& ruta, bool crear, bool soloLectura) {
             if (codigo != SQLITE_BUSY && codigo != SQLITE_LOCKED) {
                 Close();
                 if (msg.contains(QLatin1String("not a database"))) Lanza(ErrFormatoNoReconocido, QDir::toNativeSeparators(ruta));
-                Lanza(ErrNoSePuedeAbrir, QDir::toNativeSeparators(ruta), msg);
+                Lanza(ErrNoSePuedeAbrir, QDir::toNativeSeparators(ruta));
             }
             sqlite3_exec(db_, "PRAGMA synchronous=FULL; PRAGMA foreign_keys=OFF;", nullptr, nullptr, nullptr);
         }
