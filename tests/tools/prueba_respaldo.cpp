@@ -2,6 +2,8 @@
 // another process writes is whole and consistent, verificar tells a sound file from a damaged one, the
 // password leaves the command line, and a user other than root reads a read-only database and writes past
 // the log files another session left.
+#include "ayuda_util.h"
+
 #include "core/Credenciales.h"
 
 #include <QDir>
@@ -19,35 +21,9 @@
 
 namespace {
 
-const QString Util = QStringLiteral(ADQ_BINARY_DIR "/adq-util");
-
-struct Salida {
-    int codigo = -1;
-    QString out, err;
-};
-
-// As nobody (65534) when comoNadie: root passes every permission bit, another user doesn't.
-Salida Corre(const QStringList& argumentos, const QByteArray& entrada = QByteArray(), bool comoNadie = false) {
-    QProcess p;
-    if (comoNadie)
-        p.setChildProcessModifier([] {
-            if (::setgroups(0, nullptr) != 0 || ::setgid(65534) != 0 || ::setuid(65534) != 0) ::_exit(99);
-        });
-    p.start(Util, argumentos);
-    Salida s;
-    if (!p.waitForStarted(10000)) return s;
-    p.write(entrada);
-    p.closeWriteChannel();
-    if (!p.waitForFinished(60000)) {
-        p.kill();
-        p.waitForFinished();
-        return s;
-    }
-    s.codigo = p.exitStatus() == QProcess::NormalExit ? p.exitCode() : -2;
-    s.out = QString::fromUtf8(p.readAllStandardOutput());
-    s.err = QString::fromUtf8(p.readAllStandardError());
-    return s;
-}
+using ayuda::Corre;
+using ayuda::Salida;
+using ayuda::Util;
 
 QString Valor(const QString& base, const QString& sql) {
     const Salida s = Corre({QStringLiteral("sql"), base, sql});

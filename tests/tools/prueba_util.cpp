@@ -1,5 +1,7 @@
 // adq-util as a person runs it: create a database, fill the demo, run statements from the command line
 // or one per line of its input, with errors on the error stream and the exit status to tell.
+#include "ayuda_util.h"
+
 #include <QFile>
 #include <QFileInfo>
 #include <QProcess>
@@ -8,27 +10,8 @@
 
 namespace {
 
-struct Salida {
-    int codigo = -1;
-    QString out, err;
-};
-
-Salida Corre(const QStringList& argumentos, const QByteArray& entrada = QByteArray()) {
-    QProcess p;
-    p.start(QStringLiteral(ADQ_BINARY_DIR "/adq-util"), argumentos);
-    Salida s;
-    if (!p.waitForStarted(10000)) return s;
-    p.write(entrada);
-    p.closeWriteChannel();
-    if (!p.waitForFinished(60000)) {
-        p.kill();
-        return s;
-    }
-    s.codigo = p.exitStatus() == QProcess::NormalExit ? p.exitCode() : -2;
-    s.out = QString::fromUtf8(p.readAllStandardOutput());
-    s.err = QString::fromUtf8(p.readAllStandardError());
-    return s;
-}
+using ayuda::Corre;
+using ayuda::Salida;
 
 class Utilidad : public ::testing::Test {
 protected:
