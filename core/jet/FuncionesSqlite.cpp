@@ -339,26 +339,26 @@ vb::Variant LeeColumna(sqlite3_stmt* st, int columna, TipoCampo tipo) {
 }
 
 std::optional<vb::Fecha> FechaAlmacenada(const char* p, int n) {
-    // "yyyy-mm-dd hh:nn:ss", the form every date is stored in. Rows of one query share few days, so the
-    // day part goes through a small cache.
+    // "yyyy-mm-dd hh:nn:ss", the form every date is stored in, read by hand: every value of a date column
+    // passes here.
     if (n != 19 || p[4] != '-' || p[7] != '-' || p[10] != ' ' || p[13] != ':' || p[16] != ':') return std::nullopt;
     for (int i : {0, 1, 2, 3, 5, 6, 8, 9, 11, 12, 14, 15, 17, 18})
         if (static_cast<unsigned>(p[i] - '0') > 9u) return std::nullopt;
     auto dos = [p](int i) { return (p[i] - '0') * 10 + (p[i + 1] - '0'); };
     const int h = dos(11), mi = dos(14), se = dos(17);
     if (h > 23 || mi > 59 || se > 59) return std::nullopt;
-    struct Entrada { char clave[10]; QDate dia; };
-    static Entrada cache[256] = {};   // the program reads on one thread
-    unsigned hash = 0;
-    for (int i = 0; i < 10; ++i) hash = hash * 31u + static_cast<unsigned char>(p[i]);
-    Entrada& e = cache[hash & 255u];
-    if (std::memcmp(e.clave, p, 10) != 0 || !e.dia.isValid()) {
-        const QDate d(dos(0) * 100 + dos(2), dos(5), dos(8));
-        if (!d.isValid()) return std::nullopt;
-        std::memcpy(e.clave, p, 10);
-        e.dia = d;
-    }
-    return vb::Fecha(e.dia, QTime::fromMSecsSinceStartOfDay(((h * 60 + mi) * 60 + se) * 1000));
+    const int anio = dos(0) * 100 + dos(2), mes = dos(5), dia = dos(8);
+    // The Gregorian calendar as the date type counts it, which has no year 0.
+    if (anio < 1 || mes < 1 || mes > 12 || dia < 1) return std::nullopt;
+    static constexpr int DiasDelMes[] = {31, 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
+    const bool bisiesto = anio % 4 == 0 && (anio % 100 != 0 || anio % 400 == 0);
+    if (dia > DiasDelMes[mes - 1] + (mes == 2 && bisiesto ? 1 : 0)) return std::nullopt;
+    // The day's Julian number, counting years from March so that February's length comes last.
+    const int a = (14 - mes) / 12;
+    const qint64 y = anio + 4800 - a;
+    const int m = mes + 12 * a - 3;
+    const qint64 juliano = dia + (153 * m + 2) / 5 + 365 * y + y / 4 - y / 100 + y / 400 - 32045;
+    return vb::Fecha::deDiaYSegundo(QDate::fromJulianDay(juliano), (h * 60 + mi) * 60 + se);
 }
 
 void Enlaza(sqlite3_stmt* st, int i, const vb::Variant& v) {
