@@ -276,7 +276,8 @@ private:
 
     // The rows read so far, kept as SQLite gave them (storage class and bytes, one run of bytes for all)
     // and read as their column's type only when asked for: a walk over many rows costs little more than
-    // the step itself.
+    // the step itself. One row is kept taken apart, its texts pointing into the store: the row just read
+    // on a forward walk, or the last one asked for.
     class Filas {
     public:
         void reinicia(int ancho);
@@ -287,9 +288,12 @@ private:
         void agregaClave(qint64 rowid) { inicio_.push_back(nullptr); ids_.push_back(rowid); }
         void agrega(const vb::Variant* valores, qint64 rowid);
         void reemplaza(long i, const vb::Variant* valores);
-        jet::ValorCrudo crudo(long fila, int columna) const;
+        // The row taken apart if it is `fila`, else nothing.
+        const jet::ValorCrudo* aparte(long fila) const { return fila == filaAparte_ ? aparte_.data() : nullptr; }
+        const jet::ValorCrudo& crudo(long fila, int columna) const;
         vb::Variant valor(long fila, int columna, jet::TipoCampo tipo) const { return jet::DeCrudo(crudo(fila, columna), tipo); }
         void borra(long i);
+        void olvidaAparte() const { filaAparte_ = -1; }
 
     private:
         int ancho_ = 0;
@@ -299,9 +303,10 @@ private:
         char* cursor_ = nullptr;
         std::vector<const char*> inicio_;
         std::vector<qint64> ids_;
-        std::vector<jet::ValorCrudo> lectura_;   // one row as it is read, reused
+        mutable std::vector<jet::ValorCrudo> aparte_;
+        mutable long filaAparte_ = -1;
         char* reserva(size_t bytes);
-        void escribe(const jet::ValorCrudo* valores);
+        void escribe(jet::ValorCrudo* valores);
     };
     Database* db_ = nullptr;
     QString nombre_;
@@ -336,12 +341,17 @@ private:
     bool registrado_ = false;             // in the database's list of open recordsets
 };
 
-// The read of a value on a forward walk, kept inline: the current row of a dynaset read straight from the
-// statement.
+// The read of a value on a walk, kept inline: the current row of a dynaset read straight from the
+// statement, that of a snapshot from the row of the store kept taken apart.
 inline vb::Variant Recordset::valor(int columna) const {
-    if (modo_ == dbEditNone && porClave_ && pos_ == filaEnSentencia_ && !bof_ && !eof_ && !actualBorrado_ &&
-        static_cast<size_t>(columna) < tipos_.size())
-        return jet::LeeColumna(st_, columna, tipos_[static_cast<size_t>(columna)]);
+    if (modo_ == dbEditNone && !bof_ && !eof_ && !actualBorrado_ && static_cast<size_t>(columna) < tipos_.size()) {
+        const jet::TipoCampo tipo = tipos_[static_cast<size_t>(columna)];
+        if (porClave_) {
+            if (pos_ == filaEnSentencia_) return jet::LeeColumna(st_, columna, tipo);
+        } else if (const jet::ValorCrudo* fila = filas_.aparte(pos_)) {
+            return jet::DeCrudo(fila[columna], tipo);
+        }
+    }
     return valorLento(columna);
 }
 

@@ -24,6 +24,8 @@ void Recordset::Filas::reinicia(int ancho) {
     cursor_ = nullptr;
     inicio_.clear();
     ids_.clear();
+    aparte_.assign(static_cast<size_t>(ancho), ValorCrudo{});
+    filaAparte_ = -1;
 }
 
 char* Recordset::Filas::reserva(size_t bytes) {
@@ -54,13 +56,14 @@ size_t Tamano(const ValorCrudo& v) {
 
 }  // namespace
 
-void Recordset::Filas::escribe(const ValorCrudo* valores) {
+// The texts of `valores` are left pointing at their copies in the store.
+void Recordset::Filas::escribe(ValorCrudo* valores) {
     size_t total = 0;
     for (int i = 0; i < ancho_; ++i) total += Tamano(valores[i]);
     char* p = reserva(total);
     inicio_.push_back(p);
     for (int i = 0; i < ancho_; ++i) {
-        const ValorCrudo& v = valores[i];
+        ValorCrudo& v = valores[i];
         *p++ = static_cast<char>(v.clase);
         switch (v.clase) {
         case SQLITE_INTEGER: std::memcpy(p, &v.entero, 8); p += 8; break;
@@ -71,6 +74,7 @@ void Recordset::Filas::escribe(const ValorCrudo* valores) {
             std::memcpy(p, &bytes, sizeof bytes);
             p += sizeof bytes;
             if (bytes > 0) std::memcpy(p, v.texto, static_cast<size_t>(bytes));
+            v.texto = p;
             p += bytes;
             break;
         }
@@ -80,11 +84,13 @@ void Recordset::Filas::escribe(const ValorCrudo* valores) {
 }
 
 void Recordset::Filas::agregaDeSentencia(sqlite3_stmt* st, qint64 rowid) {
-    if (lectura_.size() != static_cast<size_t>(ancho_)) lectura_.resize(static_cast<size_t>(ancho_));
-    ValorCrudo* v = lectura_.data();
+    // Read straight into the row kept apart: once written, its texts point into the store and it is the
+    // new last row, the one a forward walk reads next.
+    ValorCrudo* v = aparte_.data();
     for (int i = 0; i < ancho_; ++i) v[i] = CrudoDeColumna(st, i);
     escribe(v);
     ids_.push_back(rowid);
+    filaAparte_ = size() - 1;
 }
 
 namespace {
@@ -121,6 +127,7 @@ void Recordset::Filas::agrega(const vb::Variant* valores, qint64 rowid) {
     for (int i = 0; i < ancho_; ++i) crudos[static_cast<size_t>(i)] = CrudoDeVariante(valores[i], textos[static_cast<size_t>(i)]);
     escribe(crudos.data());
     ids_.push_back(rowid);
+    olvidaAparte();
 }
 
 void Recordset::Filas::reemplaza(long fila, const vb::Variant* valores) {
@@ -131,35 +138,41 @@ void Recordset::Filas::reemplaza(long fila, const vb::Variant* valores) {
     escribe(crudos.data());
     inicio_[static_cast<size_t>(fila)] = inicio_.back();
     inicio_.pop_back();
+    olvidaAparte();
 }
 
 void Recordset::Filas::borra(long fila) {
     inicio_.erase(inicio_.begin() + fila);
     ids_.erase(ids_.begin() + fila);
+    olvidaAparte();
 }
 
-ValorCrudo Recordset::Filas::crudo(long fila, int columna) const {
-    const char* p = inicio_[static_cast<size_t>(fila)];
-    for (int i = 0;; ++i) {
-        ValorCrudo v;
-        v.clase = static_cast<unsigned char>(*p++);
-        switch (v.clase) {
-        case SQLITE_INTEGER: std::memcpy(&v.entero, p, sizeof v.entero); p += sizeof v.entero; break;
-        case SQLITE_FLOAT: std::memcpy(&v.real, p, sizeof v.real); p += sizeof v.real; break;
-        case SQLITE_TEXT:
-        case SQLITE_BLOB: {
-            qint32 n = 0;
-            std::memcpy(&n, p, sizeof n);
-            p += sizeof n;
-            v.texto = p;
-            v.bytes = n;
-            p += n;
-            break;
+const ValorCrudo& Recordset::Filas::crudo(long fila, int columna) const {
+    if (fila != filaAparte_) {
+        const char* p = inicio_[static_cast<size_t>(fila)];
+        for (int i = 0; i < ancho_; ++i) {
+            ValorCrudo& v = aparte_[static_cast<size_t>(i)];
+            v = ValorCrudo{};
+            v.clase = static_cast<unsigned char>(*p++);
+            switch (v.clase) {
+            case SQLITE_INTEGER: std::memcpy(&v.entero, p, sizeof v.entero); p += sizeof v.entero; break;
+            case SQLITE_FLOAT: std::memcpy(&v.real, p, sizeof v.real); p += sizeof v.real; break;
+            case SQLITE_TEXT:
+            case SQLITE_BLOB: {
+                qint32 n = 0;
+                std::memcpy(&n, p, sizeof n);
+                p += sizeof n;
+                v.texto = p;
+                v.bytes = n;
+                p += n;
+                break;
+            }
+            default: break;
+            }
         }
-        default: break;
-        }
-        if (i == columna) return v;
+        filaAparte_ = fila;
     }
+    return aparte_[static_cast<size_t>(columna)];
 }
 
 void Recordset::Close() {
@@ -171,6 +184,9 @@ void Recordset::Close() {
         sqlite3_finalize(stFila_);
         stFila_ = nullptr;
     }
+    // Nothing is read any more, not even on the inline road.
+    filaEnSentencia_ = -1;
+    filas_.olvidaAparte();
     cerrado_ = true;
     if (registrado_ && db_) {
         auto& l = db_->abiertos_;

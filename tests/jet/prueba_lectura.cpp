@@ -1,9 +1,16 @@
-// Reading values back: the stored form of a date read by hand against the toolkit's calendar.
+// Reading values back: the stored form of a date read by hand against the toolkit's calendar, a snapshot
+// that keeps its rows as they were however it is walked, a dynaset that shows a row as it is now, and a
+// closed recordset that reads nothing.
 #include "ayuda_jet.h"
 
+#include "core/jet/ErroresMotor.h"
 #include "core/jet/FuncionesSqlite.h"
 
 namespace {
+
+using ayuda::BaseJet;
+using ayuda::ErrorDe;
+using ayuda::Texto;
 
 std::optional<vb::Fecha> Almacenada(const QString& texto) {
     const QByteArray u = texto.toUtf8();
@@ -37,6 +44,105 @@ TEST(FechaAlmacenada, LoQueNoEsUnaFechaGuardadaSeDejaALaLecturaGeneral) {
         EXPECT_FALSE(Almacenada(QString::fromLatin1(t)).has_value()) << t;
     EXPECT_TRUE(Almacenada(QStringLiteral("2000-02-29 12:00:00")).has_value());
     EXPECT_TRUE(Almacenada(QStringLiteral("2024-02-29 12:00:00")).has_value());
+}
+
+class Lectura : public BaseJet {
+protected:
+    void SetUp() override {
+        BaseJet::SetUp();
+        ejecuta("INSERT INTO [Solicitudes General] (NoSolicitud, Fecha, Solicitante) VALUES (10, #2026/10/05#, 'Ing. Raúl Salinas')");
+        ejecuta("INSERT INTO [Solicitudes General] (NoSolicitud, Fecha, Solicitante) VALUES (20, #2026/09/14 12:05:00#, 'Dra. Ana Martínez')");
+        ejecuta("INSERT INTO [Solicitudes General] (NoSolicitud, Fecha, Solicitante) VALUES (30, #2026/08/03#, NULL)");
+    }
+    // The current row, every column as text.
+    static QString fila(dao::Recordset& rs) {
+        QStringList r;
+        for (int i = 0; i < rs.Fields().Count(); ++i) r << Texto(rs.Fields(i).Value());
+        return r.join(u'|');
+    }
+    static const char* consulta() {
+        return "SELECT NoSolicitud, Solicitante, Fecha FROM [Solicitudes General] ORDER BY NoSolicitud";
+    }
+    const QStringList antes{"10|Ing. Raúl Salinas|2026-10-05 00:00:00", "20|Dra. Ana Martínez|2026-09-14 12:05:00",
+                            "30|NULL|2026-08-03 00:00:00"};
+};
+
+TEST_F(Lectura, UnaFotoNoVeLoEscritoDespuesPorMuchoQueSeRecorra) {
+    auto foto = abre(consulta(), dao::dbOpenSnapshot);
+    EXPECT_EQ(fila(*foto), antes[0]);
+    foto->MoveNext();
+    // Columns read out of order and twice give the same row.
+    EXPECT_EQ(Texto(foto->Fields(2).Value()), "2026-09-14 12:05:00");
+    EXPECT_EQ(Texto(foto->Fields(0).Value()), "20");
+    EXPECT_EQ(fila(*foto), antes[1]);
+    ejecuta("UPDATE [Solicitudes General] SET Solicitante = 'cambiado', Fecha = #2001/01/01# WHERE NoSolicitud IN (10, 20, 30)");
+    ejecuta("INSERT INTO [Solicitudes General] (NoSolicitud, Solicitante) VALUES (15, 'nueva')");
+    ejecuta("DELETE FROM [Solicitudes General] WHERE NoSolicitud = 30");
+    EXPECT_EQ(fila(*foto), antes[1]);
+    foto->MovePrevious();
+    EXPECT_EQ(fila(*foto), antes[0]);
+    foto->MoveNext();
+    foto->MoveNext();
+    EXPECT_EQ(fila(*foto), antes[2]);
+    foto->MoveNext();
+    EXPECT_TRUE(foto->Eof());
+    foto->MoveFirst();
+    EXPECT_EQ(fila(*foto), antes[0]);
+    foto->setAbsolutePosition(2);
+    EXPECT_EQ(fila(*foto), antes[2]);
+    foto->FindFirst("Solicitante = 'Dra. Ana Martínez'");
+    ASSERT_FALSE(foto->NoMatch());
+    EXPECT_EQ(foto->AbsolutePosition(), 1);
+    EXPECT_EQ(fila(*foto), antes[1]);
+    foto->FindNext("Solicitante = 'cambiado'");
+    EXPECT_TRUE(foto->NoMatch());
+    EXPECT_EQ(foto->RecordCount(), 3);
+    QStringList deVuelta;
+    for (foto->MoveLast(); !foto->Bof(); foto->MovePrevious()) deVuelta.prepend(fila(*foto));
+    EXPECT_EQ(deVuelta, antes);
+    // Requery takes a new copy.
+    foto->Requery();
+    EXPECT_EQ(fila(*foto), "10|cambiado|2001-01-01 00:00:00");
+    EXPECT_EQ(foto->RecordCount(), 3);
+}
+
+TEST_F(Lectura, UnaFotoLeidaSoloEnParteGuardaElRestoAntesDeUnaEscritura) {
+    // The write makes the snapshot read its remaining rows first: those are kept as they were too.
+    auto foto = abre(consulta(), dao::dbOpenSnapshot);
+    EXPECT_EQ(fila(*foto), antes[0]);
+    ejecuta("UPDATE [Solicitudes General] SET Solicitante = 'cambiado'");
+    QStringList vistos;
+    for (; !foto->Eof(); foto->MoveNext()) vistos << fila(*foto);
+    EXPECT_EQ(vistos, antes);
+}
+
+TEST_F(Lectura, UnDynasetMuestraComoEstaHoyUnaFilaYaRecorrida) {
+    auto rs = abre(consulta(), dao::dbOpenDynaset);
+    EXPECT_EQ(fila(*rs), antes[0]);
+    rs->MoveNext();
+    EXPECT_EQ(fila(*rs), antes[1]);
+    ejecuta("UPDATE [Solicitudes General] SET Solicitante = 'cambiado', Fecha = #2001/01/01# WHERE NoSolicitud IN (10, 20)");
+    // The row the walk stands on, the one it passed and the one it has not reached yet.
+    EXPECT_EQ(fila(*rs), "20|cambiado|2001-01-01 00:00:00");
+    rs->MovePrevious();
+    EXPECT_EQ(fila(*rs), "10|cambiado|2001-01-01 00:00:00");
+    rs->MoveNext();
+    rs->MoveNext();
+    EXPECT_EQ(fila(*rs), antes[2]);
+    // A row deleted by another statement cannot be read once the walk comes back to it.
+    ejecuta("DELETE FROM [Solicitudes General] WHERE NoSolicitud = 10");
+    rs->MoveFirst();
+    EXPECT_EQ(ErrorDe([&] { rs->Fields(0).Value(); }), 3167);
+}
+
+TEST_F(Lectura, CerradoNoLeeNada) {
+    for (int tipo : {dao::dbOpenDynaset, dao::dbOpenSnapshot}) {
+        SCOPED_TRACE(tipo);
+        auto rs = abre(consulta(), tipo);
+        EXPECT_EQ(Texto(rs->Fields(0).Value()), "10");
+        rs->Close();
+        EXPECT_EQ(ErrorDe([&] { rs->Fields(0).Value(); }), jet::ErrOperacionNoValida);
+    }
 }
 
 }  // namespace
