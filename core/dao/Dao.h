@@ -32,6 +32,14 @@ class Database;
 class Recordset;
 class TableDef;
 
+// Blocks of row store given back by recordsets that are gone, for the next ones over the same database:
+// a list opened again and again reuses its memory instead of asking the system for fresh pages.
+struct BloquesLibres {
+    static constexpr size_t Tamano = 256 * 1024;
+    static constexpr size_t Maximo = 64;      // 16 MB kept at most; beyond that, memory goes back
+    std::vector<std::unique_ptr<char[]>> bloques;
+};
+
 // A field: either a column of an open recordset (with a Value) or a field definition of a table.
 class Field {
 public:
@@ -217,6 +225,7 @@ private:
     // meets a row twice or a row written after it was opened.
     std::vector<Recordset*> abiertos_;
     void terminaLecturas();
+    std::shared_ptr<BloquesLibres> bloquesLibres_ = std::make_shared<BloquesLibres>();
 };
 
 class Recordset {
@@ -280,7 +289,12 @@ private:
     // on a forward walk, or the last one asked for.
     class Filas {
     public:
-        void reinicia(int ancho);
+        Filas() = default;
+        Filas(const Filas&) = delete;
+        Filas& operator=(const Filas&) = delete;
+        ~Filas();
+        // Empty, `ancho` columns wide; blocks already held are written over, more come from `libres` first.
+        void reinicia(int ancho, std::shared_ptr<BloquesLibres> libres);
         long size() const { return static_cast<long>(inicio_.size()); }
         bool empty() const { return inicio_.empty(); }
         qint64 rowid(long i) const { return ids_[static_cast<size_t>(i)]; }
@@ -297,9 +311,13 @@ private:
 
     private:
         int ancho_ = 0;
-        // Rows are written into blocks that never move, each row in one piece.
+        // Rows are written into blocks that never move, each row in one piece; a row longer than a block
+        // gets one of its own.
         std::vector<std::unique_ptr<char[]>> bloques_;
-        size_t libre_ = 0;                 // bytes left in the last block
+        size_t enUso_ = 0;                 // blocks of bloques_ written into
+        std::vector<std::unique_ptr<char[]>> grandes_;
+        std::shared_ptr<BloquesLibres> libres_;
+        size_t libre_ = 0;                 // bytes left in the block being written
         char* cursor_ = nullptr;
         std::vector<const char*> inicio_;
         std::vector<qint64> ids_;

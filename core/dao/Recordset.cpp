@@ -17,9 +17,20 @@ using namespace jet;
 
 Recordset::~Recordset() { Close(); }
 
-void Recordset::Filas::reinicia(int ancho) {
+Recordset::Filas::~Filas() {
+    if (!libres_) return;
+    auto& l = libres_->bloques;
+    while (!bloques_.empty() && l.size() < BloquesLibres::Maximo) {
+        l.push_back(std::move(bloques_.back()));
+        bloques_.pop_back();
+    }
+}
+
+void Recordset::Filas::reinicia(int ancho, std::shared_ptr<BloquesLibres> libres) {
     ancho_ = ancho;
-    bloques_.clear();
+    enUso_ = 0;
+    grandes_.clear();
+    libres_ = std::move(libres);
     libre_ = 0;
     cursor_ = nullptr;
     inicio_.clear();
@@ -29,12 +40,22 @@ void Recordset::Filas::reinicia(int ancho) {
 }
 
 char* Recordset::Filas::reserva(size_t bytes) {
-    constexpr size_t Bloque = 256 * 1024;
+    constexpr size_t Bloque = BloquesLibres::Tamano;
     if (bytes > libre_) {
-        const size_t tamano = std::max(Bloque, bytes);
-        bloques_.emplace_back(new char[tamano]);
-        cursor_ = bloques_.back().get();
-        libre_ = tamano;
+        if (bytes > Bloque) {
+            grandes_.emplace_back(new char[bytes]);
+            return grandes_.back().get();
+        }
+        if (enUso_ == bloques_.size()) {
+            if (libres_ && !libres_->bloques.empty()) {
+                bloques_.push_back(std::move(libres_->bloques.back()));
+                libres_->bloques.pop_back();
+            } else {
+                bloques_.emplace_back(new char[Bloque]);
+            }
+        }
+        cursor_ = bloques_[enUso_++].get();
+        libre_ = Bloque;
     }
     char* p = cursor_;
     cursor_ += bytes;
@@ -252,7 +273,7 @@ void Recordset::abre() {
         st_ = nullptr;
         db_->lanzaSqlite(rc);
     }
-    filas_.reinicia(static_cast<int>(tipos_.size()));
+    filas_.reinicia(static_cast<int>(tipos_.size()), db_->bloquesLibres_);
     if (!registrado_) {
         db_->abiertos_.push_back(this);
         registrado_ = true;

@@ -1,6 +1,7 @@
 // Reading values back: the stored form of a date read by hand against the toolkit's calendar, a snapshot
-// that keeps its rows as they were however it is walked, a dynaset that shows a row as it is now, and a
-// closed recordset that reads nothing.
+// that keeps its rows as they were however it is walked, snapshots whose rows fill several blocks of
+// store handed on from one to the next, a dynaset that shows a row as it is now, and a closed recordset
+// that reads nothing.
 #include "ayuda_jet.h"
 
 #include "core/jet/ErroresMotor.h"
@@ -143,6 +144,58 @@ TEST_F(Lectura, CerradoNoLeeNada) {
         rs->Close();
         EXPECT_EQ(ErrorDe([&] { rs->Fields(0).Value(); }), jet::ErrOperacionNoValida);
     }
+}
+
+// Rows of long texts fill several blocks of a snapshot's store, one row more than a block on its own.
+class Notas : public BaseJet {
+protected:
+    void SetUp() override {
+        BaseJet::SetUp();
+        ejecuta("CREATE TABLE Notas (Id LONG, Texto MEMO)");
+        auto rs = abre("SELECT Id, Texto FROM Notas", dao::dbOpenDynaset);
+        for (int i = 0; i < 8; ++i) {
+            rs->AddNew();
+            rs->Fields(0) = vb::Variant(i);
+            rs->Fields(1) = vb::Variant(nota(i, 'a'));
+            rs->Update();
+        }
+    }
+    static QString nota(int i, char letra) {
+        const int largo = i == 5 ? 300 * 1024 : 90 * 1024 + i;
+        return QString::number(i) + QString(largo, QChar::fromLatin1(letra));
+    }
+    // Every row, checked whole: the number of rows whose text differs from `letra`'s.
+    static int distintas(dao::Recordset& rs, char letra) {
+        int malas = 0, i = 0;
+        for (rs.MoveFirst(); !rs.Eof(); rs.MoveNext(), ++i)
+            if (rs.Fields(0).Value().toLong() != i || rs.Fields(1).Value().toString() != nota(i, letra)) ++malas;
+        return malas + (i == 8 ? 0 : 100);
+    }
+};
+
+TEST_F(Notas, LosBloquesDeUnaFotoQueSeVaSirvenALaSiguienteSinMezclarFilas) {
+    auto primera = abre("SELECT Id, Texto FROM Notas ORDER BY Id", dao::dbOpenSnapshot);
+    EXPECT_EQ(distintas(*primera, 'a'), 0);
+    primera.reset();
+    ejecuta("UPDATE Notas SET Texto = Replace(Texto, 'a', 'b')");
+    auto segunda = abre("SELECT Id, Texto FROM Notas ORDER BY Id", dao::dbOpenSnapshot);
+    EXPECT_EQ(distintas(*segunda, 'b'), 0);
+    // Another snapshot open at the same time writes into blocks of its own.
+    ejecuta("UPDATE Notas SET Texto = Replace(Texto, 'b', 'c')");
+    auto tercera = abre("SELECT Id, Texto FROM Notas ORDER BY Id", dao::dbOpenSnapshot);
+    EXPECT_EQ(distintas(*tercera, 'c'), 0);
+    EXPECT_EQ(distintas(*segunda, 'b'), 0);
+    // Requery writes over the blocks the snapshot already holds.
+    segunda->Requery();
+    EXPECT_EQ(distintas(*segunda, 'c'), 0);
+    tercera->Close();
+    tercera.reset();
+    auto cuarta = abre("SELECT Id, Texto FROM Notas ORDER BY Id", dao::dbOpenSnapshot);
+    EXPECT_EQ(distintas(*cuarta, 'c'), 0);
+    EXPECT_EQ(distintas(*segunda, 'c'), 0);
+    // A recordset may outlive its database and still give its blocks back.
+    db.reset();
+    segunda.reset();
 }
 
 }  // namespace
