@@ -234,8 +234,8 @@ public:
     Recordset(const Recordset&) = delete;
     Recordset& operator=(const Recordset&) = delete;
 
-    bool Eof();
-    bool Bof();
+    bool Eof() const { return eof_; }
+    bool Bof() const { return bof_; }
     void MoveFirst();
     void MoveLast();
     void MoveNext();
@@ -325,6 +325,7 @@ private:
         mutable long filaAparte_ = -1;
         char* reserva(size_t bytes);
         void escribe(jet::ValorCrudo* valores);
+        void escribe(jet::ValorCrudo* valores, size_t total);
     };
     Database* db_ = nullptr;
     QString nombre_;

@@ -77,10 +77,8 @@ size_t Tamano(const ValorCrudo& v) {
 
 }  // namespace
 
-// The texts of `valores` are left pointing at their copies in the store.
-void Recordset::Filas::escribe(ValorCrudo* valores) {
-    size_t total = 0;
-    for (int i = 0; i < ancho_; ++i) total += Tamano(valores[i]);
+// The texts of `valores` are left pointing at their copies in the store. `total` is the row's size.
+void Recordset::Filas::escribe(ValorCrudo* valores, size_t total) {
     char* p = reserva(total);
     inicio_.push_back(p);
     for (int i = 0; i < ancho_; ++i) {
@@ -104,12 +102,37 @@ void Recordset::Filas::escribe(ValorCrudo* valores) {
     }
 }
 
+void Recordset::Filas::escribe(ValorCrudo* valores) {
+    size_t total = 0;
+    for (int i = 0; i < ancho_; ++i) total += Tamano(valores[i]);
+    escribe(valores, total);
+}
+
 void Recordset::Filas::agregaDeSentencia(sqlite3_stmt* st, qint64 rowid) {
-    // Read straight into the row kept apart: once written, its texts point into the store and it is the
-    // new last row, the one a forward walk reads next.
+    // Read straight into the row kept apart, measuring it on the way: once written, its texts point into
+    // the store and it is the new last row, the one a forward walk reads next.
     ValorCrudo* v = aparte_.data();
-    for (int i = 0; i < ancho_; ++i) v[i] = CrudoDeColumna(st, i);
-    escribe(v);
+    size_t total = 0;
+    for (int i = 0; i < ancho_; ++i) {
+        sqlite3_value* x = sqlite3_column_value(st, i);
+        ValorCrudo& c = v[i];
+        c.clase = sqlite3_value_type(x);
+        switch (c.clase) {
+        case SQLITE_INTEGER: c.entero = sqlite3_value_int64(x); break;
+        case SQLITE_FLOAT: c.real = sqlite3_value_double(x); break;
+        case SQLITE_TEXT:
+            c.texto = reinterpret_cast<const char*>(sqlite3_value_text(x));
+            c.bytes = sqlite3_value_bytes(x);
+            break;
+        case SQLITE_BLOB:
+            c.texto = static_cast<const char*>(sqlite3_value_blob(x));
+            c.bytes = sqlite3_value_bytes(x);
+            break;
+        default: break;
+        }
+        total += Tamano(c);
+    }
+    escribe(v, total);
     ids_.push_back(rowid);
     filaAparte_ = size() - 1;
 }
@@ -324,8 +347,6 @@ void Recordset::exigeActual() const {
         Lanza(ErrNoHayRegistroActual);
 }
 
-bool Recordset::Eof() { return eof_; }
-bool Recordset::Bof() { return bof_; }
 
 void Recordset::situa(long indice) {
     // A dynaset shows each row as the table holds it when the walk reaches it: after a write, no row read

@@ -219,7 +219,9 @@ QString TextoDe(const vb::Variant& v) {
     return v.toString();
 }
 
-vb::Variant DeCrudo(const ValorCrudo& v, TipoCampo tipo) {
+namespace {
+
+vb::Variant DeCrudoLento(const ValorCrudo& v, TipoCampo tipo) {
     auto natural = [&]() -> vb::Variant {
         switch (v.clase) {
         case SQLITE_INTEGER:
@@ -276,6 +278,39 @@ vb::Variant DeCrudo(const ValorCrudo& v, TipoCampo tipo) {
     }
 }
 
+}  // namespace
+
+vb::Variant DeCrudo(const ValorCrudo& v, TipoCampo tipo) {
+    // The stored form of each type, read straight; anything unusual goes the long way.
+    switch (tipo) {
+    case TipoCampo::Text:
+    case TipoCampo::Memo:
+        if (v.clase == SQLITE_TEXT) return vb::Variant(QString::fromUtf8(v.texto, v.bytes));
+        break;
+    case TipoCampo::Long:
+        if (v.clase == SQLITE_INTEGER && v.entero >= std::numeric_limits<qint32>::min() &&
+            v.entero <= std::numeric_limits<qint32>::max())
+            return vb::Variant::Long(static_cast<qint32>(v.entero));
+        break;
+    case TipoCampo::Integer:
+        if (v.clase == SQLITE_INTEGER && v.entero >= -32768 && v.entero <= 32767)
+            return vb::Variant::Integer(static_cast<qint16>(v.entero));
+        break;
+    case TipoCampo::Currency:
+        if (v.clase == SQLITE_FLOAT) return vb::Variant(vb::Currency::fromDouble(v.real));
+        if (v.clase == SQLITE_INTEGER) return vb::Variant(vb::Currency::fromLong(v.entero));
+        break;
+    case TipoCampo::Date:
+        if (v.clase == SQLITE_TEXT) {
+            if (auto f = FechaAlmacenada(v.texto, v.bytes)) return vb::Variant(*f);
+        }
+        break;
+    default:
+        break;
+    }
+    return DeCrudoLento(v, tipo);
+}
+
 ValorCrudo CrudoDeValor(sqlite3_value* v) {
     ValorCrudo c;
     c.clase = sqlite3_value_type(v);
@@ -294,8 +329,6 @@ ValorCrudo CrudoDeValor(sqlite3_value* v) {
     }
     return c;
 }
-
-ValorCrudo CrudoDeColumna(sqlite3_stmt* st, int i) { return CrudoDeValor(sqlite3_column_value(st, i)); }
 
 vb::Variant LeeValor(sqlite3_value* v, TipoCampo tipo) { return DeCrudo(CrudoDeValor(v), tipo); }
 
