@@ -283,10 +283,11 @@ private:
     vb::Variant valorEn(long fila, int columna) const;
     void olvidaFila() const { filaEnCache_ = -1; }
 
-    // The rows read so far, kept as SQLite gave them (storage class and bytes, one run of bytes for all)
-    // and read as their column's type only when asked for: a walk over many rows costs little more than
-    // the step itself. One row is kept taken apart, its texts pointing into the store: the row just read
-    // on a forward walk, or the last one asked for.
+    // The rows read so far. A recordset by key keeps only their row ids. Any other keeps their values as
+    // SQLite gave them (storage class and bytes, one run of bytes for all), read as their column's type
+    // only when asked for: a walk over many rows costs little more than the step itself. One row is kept
+    // taken apart, its texts pointing into the store: the row just read on a forward walk, or the last
+    // one asked for.
     class Filas {
     public:
         Filas() = default;
@@ -294,13 +295,15 @@ private:
         Filas& operator=(const Filas&) = delete;
         ~Filas();
         // Empty, `ancho` columns wide; blocks already held are written over, more come from `libres` first.
-        void reinicia(int ancho, std::shared_ptr<BloquesLibres> libres);
-        long size() const { return static_cast<long>(inicio_.size()); }
-        bool empty() const { return inicio_.empty(); }
+        void reinicia(int ancho, bool porClave, std::shared_ptr<BloquesLibres> libres);
+        long size() const { return static_cast<long>(porClave_ ? ids_.size() : inicio_.size()); }
+        bool empty() const { return size() == 0; }
+        // By key.
         qint64 rowid(long i) const { return ids_[static_cast<size_t>(i)]; }
-        void agregaDeSentencia(sqlite3_stmt* st, qint64 rowid);
-        void agregaClave(qint64 rowid) { inicio_.push_back(nullptr); ids_.push_back(rowid); }
-        void agrega(const vb::Variant* valores, qint64 rowid);
+        void agregaClave(qint64 rowid) { ids_.push_back(rowid); }
+        // By value.
+        void agregaDeSentencia(sqlite3_stmt* st);
+        void agrega(const vb::Variant* valores);
         void reemplaza(long i, const vb::Variant* valores);
         // The row taken apart if it is `fila`, else nothing.
         const jet::ValorCrudo* aparte(long fila) const { return fila == filaAparte_ ? aparte_.data() : nullptr; }
@@ -311,6 +314,7 @@ private:
 
     private:
         int ancho_ = 0;
+        bool porClave_ = false;
         // Rows are written into blocks that never move, each row in one piece; a row longer than a block
         // gets one of its own.
         std::vector<std::unique_ptr<char[]>> bloques_;
@@ -323,9 +327,10 @@ private:
         std::vector<qint64> ids_;
         mutable std::vector<jet::ValorCrudo> aparte_;
         mutable long filaAparte_ = -1;
+        char* siguienteBloque();
         char* reserva(size_t bytes);
+        void amplia(char*& fila, char*& p, char*& fin, size_t falta, int hechas, bool& propio);
         void escribe(jet::ValorCrudo* valores);
-        void escribe(jet::ValorCrudo* valores, size_t total);
     };
     Database* db_ = nullptr;
     QString nombre_;

@@ -26,8 +26,9 @@ Recordset::Filas::~Filas() {
     }
 }
 
-void Recordset::Filas::reinicia(int ancho, std::shared_ptr<BloquesLibres> libres) {
+void Recordset::Filas::reinicia(int ancho, bool porClave, std::shared_ptr<BloquesLibres> libres) {
     ancho_ = ancho;
+    porClave_ = porClave;
     enUso_ = 0;
     grandes_.clear();
     libres_ = std::move(libres);
@@ -39,23 +40,28 @@ void Recordset::Filas::reinicia(int ancho, std::shared_ptr<BloquesLibres> libres
     filaAparte_ = -1;
 }
 
+// The next block to write into: one already held, else one given back by another store, else a new one.
+char* Recordset::Filas::siguienteBloque() {
+    if (enUso_ == bloques_.size()) {
+        if (libres_ && !libres_->bloques.empty()) {
+            bloques_.push_back(std::move(libres_->bloques.back()));
+            libres_->bloques.pop_back();
+        } else {
+            bloques_.emplace_back(new char[BloquesLibres::Tamano]);
+        }
+    }
+    cursor_ = bloques_[enUso_++].get();
+    libre_ = BloquesLibres::Tamano;
+    return cursor_;
+}
+
 char* Recordset::Filas::reserva(size_t bytes) {
-    constexpr size_t Bloque = BloquesLibres::Tamano;
     if (bytes > libre_) {
-        if (bytes > Bloque) {
+        if (bytes > BloquesLibres::Tamano) {
             grandes_.emplace_back(new char[bytes]);
             return grandes_.back().get();
         }
-        if (enUso_ == bloques_.size()) {
-            if (libres_ && !libres_->bloques.empty()) {
-                bloques_.push_back(std::move(libres_->bloques.back()));
-                libres_->bloques.pop_back();
-            } else {
-                bloques_.emplace_back(new char[Bloque]);
-            }
-        }
-        cursor_ = bloques_[enUso_++].get();
-        libre_ = Bloque;
+        siguienteBloque();
     }
     char* p = cursor_;
     cursor_ += bytes;
@@ -77,8 +83,10 @@ size_t Tamano(const ValorCrudo& v) {
 
 }  // namespace
 
-// The texts of `valores` are left pointing at their copies in the store. `total` is the row's size.
-void Recordset::Filas::escribe(ValorCrudo* valores, size_t total) {
+// The texts of `valores` are left pointing at their copies in the store.
+void Recordset::Filas::escribe(ValorCrudo* valores) {
+    size_t total = 0;
+    for (int i = 0; i < ancho_; ++i) total += Tamano(valores[i]);
     char* p = reserva(total);
     inicio_.push_back(p);
     for (int i = 0; i < ancho_; ++i) {
@@ -102,38 +110,84 @@ void Recordset::Filas::escribe(ValorCrudo* valores, size_t total) {
     }
 }
 
-void Recordset::Filas::escribe(ValorCrudo* valores) {
-    size_t total = 0;
-    for (int i = 0; i < ancho_; ++i) total += Tamano(valores[i]);
-    escribe(valores, total);
+// Room for `falta` more bytes of the row being written in [fila, p): what is written moves, whole, to a
+// fresh block, or to a block of its own twice its size when the row outgrows a block. The texts of the
+// first `hechas` columns are made to point at their new place.
+void Recordset::Filas::amplia(char*& fila, char*& p, char*& fin, size_t falta, int hechas, bool& propio) {
+    const size_t hecho = static_cast<size_t>(p - fila);
+    char* nuevo;
+    size_t tamano;
+    if (hecho + falta <= BloquesLibres::Tamano) {
+        nuevo = siguienteBloque();
+        tamano = BloquesLibres::Tamano;
+    } else {
+        tamano = 2 * (hecho + falta);
+        grandes_.emplace_back(new char[tamano]);
+        nuevo = grandes_.back().get();
+        propio = true;
+    }
+    if (hecho > 0) std::memcpy(nuevo, fila, hecho);
+    for (int j = 0; j < hechas; ++j) {
+        ValorCrudo& c = aparte_[static_cast<size_t>(j)];
+        if (c.clase == SQLITE_TEXT || c.clase == SQLITE_BLOB) c.texto = nuevo + (c.texto - fila);
+    }
+    fila = nuevo;
+    p = nuevo + hecho;
+    fin = nuevo + tamano;
 }
 
-void Recordset::Filas::agregaDeSentencia(sqlite3_stmt* st, qint64 rowid) {
-    // Read straight into the row kept apart, measuring it on the way: once written, its texts point into
-    // the store and it is the new last row, the one a forward walk reads next.
+void Recordset::Filas::agregaDeSentencia(sqlite3_stmt* st) {
+    // Each value is read into the row kept apart and written into the store at once. Once written, the
+    // row's texts point into the store and it is the new last row, the one a forward walk reads next.
+    char* fila = cursor_;
+    char* p = cursor_;
+    char* fin = cursor_ + libre_;
+    bool propio = false;              // in a block of its own, outside the run of blocks
     ValorCrudo* v = aparte_.data();
-    size_t total = 0;
     for (int i = 0; i < ancho_; ++i) {
         sqlite3_value* x = sqlite3_column_value(st, i);
         ValorCrudo& c = v[i];
         c.clase = sqlite3_value_type(x);
         switch (c.clase) {
-        case SQLITE_INTEGER: c.entero = sqlite3_value_int64(x); break;
-        case SQLITE_FLOAT: c.real = sqlite3_value_double(x); break;
+        case SQLITE_INTEGER:
+        case SQLITE_FLOAT:
+            if (fin - p < 1 + 8) amplia(fila, p, fin, 1 + 8, i, propio);
+            *p = static_cast<char>(c.clase);
+            if (c.clase == SQLITE_INTEGER) {
+                c.entero = sqlite3_value_int64(x);
+                std::memcpy(p + 1, &c.entero, 8);
+            } else {
+                c.real = sqlite3_value_double(x);
+                std::memcpy(p + 1, &c.real, 8);
+            }
+            p += 1 + 8;
+            break;
         case SQLITE_TEXT:
-            c.texto = reinterpret_cast<const char*>(sqlite3_value_text(x));
-            c.bytes = sqlite3_value_bytes(x);
+        case SQLITE_BLOB: {
+            const char* t = c.clase == SQLITE_TEXT ? reinterpret_cast<const char*>(sqlite3_value_text(x))
+                                                   : static_cast<const char*>(sqlite3_value_blob(x));
+            const qint32 n = sqlite3_value_bytes(x);
+            const size_t largo = 1 + sizeof n + static_cast<size_t>(n);
+            if (static_cast<size_t>(fin - p) < largo) amplia(fila, p, fin, largo, i, propio);
+            *p = static_cast<char>(c.clase);
+            std::memcpy(p + 1, &n, sizeof n);
+            if (n > 0) std::memcpy(p + 1 + sizeof n, t, static_cast<size_t>(n));
+            c.texto = p + 1 + sizeof n;
+            c.bytes = n;
+            p += largo;
             break;
-        case SQLITE_BLOB:
-            c.texto = static_cast<const char*>(sqlite3_value_blob(x));
-            c.bytes = sqlite3_value_bytes(x);
-            break;
-        default: break;
         }
-        total += Tamano(c);
+        default:
+            if (fin - p < 1) amplia(fila, p, fin, 1, i, propio);
+            *p++ = static_cast<char>(c.clase);
+            break;
+        }
     }
-    escribe(v, total);
-    ids_.push_back(rowid);
+    if (!propio) {
+        cursor_ = p;
+        libre_ = static_cast<size_t>(fin - p);
+    }
+    inicio_.push_back(fila);
     filaAparte_ = size() - 1;
 }
 
@@ -165,12 +219,11 @@ ValorCrudo CrudoDeVariante(const vb::Variant& v, QByteArray& texto) {
 
 }  // namespace
 
-void Recordset::Filas::agrega(const vb::Variant* valores, qint64 rowid) {
+void Recordset::Filas::agrega(const vb::Variant* valores) {
     std::vector<QByteArray> textos(static_cast<size_t>(ancho_));
     std::vector<ValorCrudo> crudos(static_cast<size_t>(ancho_));
     for (int i = 0; i < ancho_; ++i) crudos[static_cast<size_t>(i)] = CrudoDeVariante(valores[i], textos[static_cast<size_t>(i)]);
     escribe(crudos.data());
-    ids_.push_back(rowid);
     olvidaAparte();
 }
 
@@ -186,8 +239,8 @@ void Recordset::Filas::reemplaza(long fila, const vb::Variant* valores) {
 }
 
 void Recordset::Filas::borra(long fila) {
-    inicio_.erase(inicio_.begin() + fila);
-    ids_.erase(ids_.begin() + fila);
+    if (porClave_) ids_.erase(ids_.begin() + fila);
+    else inicio_.erase(inicio_.begin() + fila);
     olvidaAparte();
 }
 
@@ -296,7 +349,7 @@ void Recordset::abre() {
         st_ = nullptr;
         db_->lanzaSqlite(rc);
     }
-    filas_.reinicia(static_cast<int>(tipos_.size()), db_->bloquesLibres_);
+    filas_.reinicia(static_cast<int>(tipos_.size()), porClave_, db_->bloquesLibres_);
     if (!registrado_) {
         db_->abiertos_.push_back(this);
         registrado_ = true;
@@ -322,7 +375,7 @@ bool Recordset::trae() {
             filas_.agregaClave(sqlite3_column_int64(st_, columnaRowid_));
             filaEnSentencia_ = filas_.size() - 1;
         } else {
-            filas_.agregaDeSentencia(st_, 0);
+            filas_.agregaDeSentencia(st_);
         }
         return true;
     }
@@ -645,7 +698,7 @@ void Recordset::Update() {
         traeTodo();
         const bool vacio = filas_.empty();
         if (porClave_) filas_.agregaClave(sqlite3_last_insert_rowid(db_->sqlite()));
-        else filas_.agrega(fila.data(), sqlite3_last_insert_rowid(db_->sqlite()));
+        else filas_.agrega(fila.data());
         if (vacio) situa(0);
     } else {
         if (porClave_) {

@@ -193,6 +193,17 @@ TEST_F(Notas, LosBloquesDeUnaFotoQueSeVaSirvenALaSiguienteSinMezclarFilas) {
     auto cuarta = abre("SELECT Id, Texto FROM Notas ORDER BY Id", dao::dbOpenSnapshot);
     EXPECT_EQ(distintas(*cuarta, 'c'), 0);
     EXPECT_EQ(distintas(*segunda, 'c'), 0);
+    // Two long texts a row: a row that outgrows its block moves with the text already written.
+    auto doble = abre("SELECT Texto, Id, Texto & 'x' FROM Notas ORDER BY Id", dao::dbOpenSnapshot);
+    int i = 0, malas = 0;
+    for (; !doble->Eof(); doble->MoveNext(), ++i)
+        if (doble->Fields(0).Value().toString() != nota(i, 'c') || doble->Fields(1).Value().toLong() != i ||
+            doble->Fields(2).Value().toString() != nota(i, 'c') + u'x')
+            ++malas;
+    EXPECT_EQ(i, 8);
+    EXPECT_EQ(malas, 0);
+    doble->MoveFirst();
+    EXPECT_EQ(doble->Fields(0).Value().toString(), nota(0, 'c'));
     // A recordset may outlive its database and still give its blocks back.
     db.reset();
     segunda.reset();
