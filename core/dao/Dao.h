@@ -80,6 +80,7 @@ private:
     QString origenTabla_;
     Recordset* rs_ = nullptr;
     int indice_ = -1;
+    jet::TipoCampo tipoLectura_ = jet::TipoCampo::Ninguno;   // the column's type as its values are read
     TableDef* tabla_ = nullptr;
 };
 
@@ -275,7 +276,7 @@ private:
     bool trae();                          // one more row from SQLite; false at the end
     void traeTodo();
     void situa(long indice);              // current row by index, fetching as needed
-    inline vb::Variant valor(int columna) const;
+    inline vb::Variant valor(int columna, jet::TipoCampo tipo) const;
     vb::Variant valorLento(int columna) const;
     void asigna(int columna, const vb::Variant& v);
     void busca(const QString& criterio, bool adelante, long desde);
@@ -367,9 +368,9 @@ private:
 
 // The read of a value on a walk, kept inline: the current row of a dynaset read straight from the
 // statement, that of a snapshot from the row of the store kept taken apart.
-inline vb::Variant Recordset::valor(int columna) const {
-    if (modo_ == dbEditNone && !bof_ && !eof_ && !actualBorrado_ && static_cast<size_t>(columna) < tipos_.size()) {
-        const jet::TipoCampo tipo = tipos_[static_cast<size_t>(columna)];
+// The type comes from the field, which holds the column's, so that the read needs nothing more from here.
+inline vb::Variant Recordset::valor(int columna, jet::TipoCampo tipo) const {
+    if (modo_ == dbEditNone && !bof_ && !eof_ && !actualBorrado_) {
         if (porClave_) {
             if (pos_ == filaEnSentencia_) return jet::LeeColumna(st_, columna, tipo);
         } else if (const jet::ValorCrudo* fila = filas_.aparte(pos_)) {
@@ -381,7 +382,7 @@ inline vb::Variant Recordset::valor(int columna) const {
 
 inline vb::Variant Field::Value() const {
     if (!rs_) return definicionSinValor();
-    return rs_->valor(indice_);
+    return rs_->valor(indice_, tipoLectura_);
 }
 
 }  // namespace dao

@@ -337,6 +337,7 @@ void Recordset::abre() {
         f->origenTabla_ = c.tablaOrigen;
         f->rs_ = this;
         f->indice_ = static_cast<int>(i);
+        f->tipoLectura_ = c.tipo;
         campos_.campos_.push_back(std::move(f));
     }
 
