@@ -69,6 +69,14 @@ QStringList RevisaBaseDeDatos(const QString& ruta);
 // that start-up stays quick. The header is always checked against the file's size.
 inline constexpr int PaginasRevisionAlAbrir = 1024;
 
+// Blocks of row store given back by recordsets that are gone, for the next ones over the same database:
+// a list opened again and again reuses its memory instead of asking the system for fresh pages.
+struct BloquesLibres {
+    static constexpr size_t Tamano = 256 * 1024;
+    static constexpr size_t Maximo = 64;      // 16 MB kept at most; beyond that, memory goes back
+    std::vector<std::unique_ptr<char[]>> bloques;
+};
+
 // A field: either a column of an open recordset (with a Value) or a field definition of a table.
 class Field {
 public:
@@ -109,6 +117,7 @@ private:
     QString origenTabla_;
     Recordset* rs_ = nullptr;
     int indice_ = -1;
+    jet::TipoCampo tipoLectura_ = jet::TipoCampo::Ninguno;   // the column's type as its values are read
     TableDef* tabla_ = nullptr;
 };
 
@@ -262,6 +271,7 @@ private:
     // meets a row twice or a row written after it was opened.
     std::vector<Recordset*> abiertos_;
     void terminaLecturas();
+    std::shared_ptr<BloquesLibres> bloquesLibres_ = std::make_shared<BloquesLibres>();
 };
 
 class Recordset {
@@ -270,8 +280,8 @@ public:
     Recordset(const Recordset&) = delete;
     Recordset& operator=(const Recordset&) = delete;
 
-    bool Eof();
-    bool Bof();
+    bool Eof() const { return eof_; }
+    bool Bof() const { return bof_; }
     void MoveFirst();
     void MoveLast();
     void MoveNext();
@@ -311,7 +321,7 @@ private:
     bool trae();                          // one more row from SQLite; false at the end
     void traeTodo();
     void situa(long indice);              // current row by index, fetching as needed
-    inline vb::Variant valor(int columna) const;
+    inline vb::Variant valor(int columna, jet::TipoCampo tipo) const;
     vb::Variant valorLento(int columna) const;
     void asigna(int columna, const vb::Variant& v);
     void busca(const QString& criterio, bool adelante, long desde);
@@ -319,34 +329,54 @@ private:
     vb::Variant valorEn(long fila, int columna) const;
     void olvidaFila() const { filaEnCache_ = -1; }
 
-    // The rows read so far, kept as SQLite gave them (storage class and bytes, one run of bytes for all)
-    // and read as their column's type only when asked for: a walk over many rows costs little more than
-    // the step itself.
+    // The rows read so far. A recordset by key keeps only their row ids. Any other keeps their values as
+    // SQLite gave them (storage class and bytes, one run of bytes for all), read as their column's type
+    // only when asked for: a walk over many rows costs little more than the step itself. One row is kept
+    // taken apart, its texts pointing into the store: the row just read on a forward walk, or the last
+    // one asked for.
     class Filas {
     public:
-        void reinicia(int ancho);
-        long size() const { return static_cast<long>(inicio_.size()); }
-        bool empty() const { return inicio_.empty(); }
+        Filas() = default;
+        Filas(const Filas&) = delete;
+        Filas& operator=(const Filas&) = delete;
+        ~Filas();
+        // Empty, `ancho` columns wide; blocks already held are written over, more come from `libres` first.
+        void reinicia(int ancho, bool porClave, std::shared_ptr<BloquesLibres> libres);
+        long size() const { return static_cast<long>(porClave_ ? ids_.size() : inicio_.size()); }
+        bool empty() const { return size() == 0; }
+        // By key.
         qint64 rowid(long i) const { return ids_[static_cast<size_t>(i)]; }
-        void agregaDeSentencia(sqlite3_stmt* st, qint64 rowid);
-        void agregaClave(qint64 rowid) { inicio_.push_back(nullptr); ids_.push_back(rowid); }
-        void agrega(const vb::Variant* valores, qint64 rowid);
+        void agregaClave(qint64 rowid) { ids_.push_back(rowid); }
+        // By value.
+        void agregaDeSentencia(sqlite3_stmt* st);
+        void agrega(const vb::Variant* valores);
         void reemplaza(long i, const vb::Variant* valores);
-        jet::ValorCrudo crudo(long fila, int columna) const;
+        // The row taken apart if it is `fila`, else nothing.
+        const jet::ValorCrudo* aparte(long fila) const { return fila == filaAparte_ ? aparte_.data() : nullptr; }
+        const jet::ValorCrudo& crudo(long fila, int columna) const;
         vb::Variant valor(long fila, int columna, jet::TipoCampo tipo) const { return jet::DeCrudo(crudo(fila, columna), tipo); }
         void borra(long i);
+        void olvidaAparte() const { filaAparte_ = -1; }
 
     private:
         int ancho_ = 0;
-        // Rows are written into blocks that never move, each row in one piece.
+        bool porClave_ = false;
+        // Rows are written into blocks that never move, each row in one piece; a row longer than a block
+        // gets one of its own.
         std::vector<std::unique_ptr<char[]>> bloques_;
-        size_t libre_ = 0;                 // bytes left in the last block
+        size_t enUso_ = 0;                 // blocks of bloques_ written into
+        std::vector<std::unique_ptr<char[]>> grandes_;
+        std::shared_ptr<BloquesLibres> libres_;
+        size_t libre_ = 0;                 // bytes left in the block being written
         char* cursor_ = nullptr;
         std::vector<const char*> inicio_;
         std::vector<qint64> ids_;
-        std::vector<jet::ValorCrudo> lectura_;   // one row as it is read, reused
+        mutable std::vector<jet::ValorCrudo> aparte_;
+        mutable long filaAparte_ = -1;
+        char* siguienteBloque();
         char* reserva(size_t bytes);
-        void escribe(const jet::ValorCrudo* valores);
+        void amplia(char*& fila, char*& p, char*& fin, size_t falta, int hechas, bool& propio);
+        void escribe(jet::ValorCrudo* valores);
     };
     Database* db_ = nullptr;
     QString nombre_;
@@ -381,18 +411,23 @@ private:
     bool registrado_ = false;             // in the database's list of open recordsets
 };
 
-// The read of a value on a forward walk, kept inline: the current row of a dynaset read straight from the
-// statement.
-inline vb::Variant Recordset::valor(int columna) const {
-    if (modo_ == dbEditNone && porClave_ && pos_ == filaEnSentencia_ && !bof_ && !eof_ && !actualBorrado_ &&
-        static_cast<size_t>(columna) < tipos_.size())
-        return jet::LeeColumna(st_, columna, tipos_[static_cast<size_t>(columna)]);
+// The read of a value on a walk, kept inline: the current row of a dynaset read straight from the
+// statement, that of a snapshot from the row of the store kept taken apart.
+// The type comes from the field, which holds the column's, so that the read needs nothing more from here.
+inline vb::Variant Recordset::valor(int columna, jet::TipoCampo tipo) const {
+    if (modo_ == dbEditNone && !bof_ && !eof_ && !actualBorrado_) {
+        if (porClave_) {
+            if (pos_ == filaEnSentencia_) return jet::LeeColumna(st_, columna, tipo);
+        } else if (const jet::ValorCrudo* fila = filas_.aparte(pos_)) {
+            return jet::DeCrudo(fila[columna], tipo);
+        }
+    }
     return valorLento(columna);
 }
 
 inline vb::Variant Field::Value() const {
     if (!rs_) return definicionSinValor();
-    return rs_->valor(indice_);
+    return rs_->valor(indice_, tipoLectura_);
 }
 
 }  // namespace dao

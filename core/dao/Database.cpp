@@ -53,8 +53,9 @@ bool RegistroPendiente(const QString& ruta) {
 // Paths open in this process. A second open of the same file skips what works on the file behind SQLite's
 // back: closing any descriptor of a file drops every POSIX lock this process holds on it, SQLite's too.
 QHash<QString, int>& Abiertas() {
-    static QHash<QString, int> abiertas;
-    return abiertas;
+    // Never destroyed: a database kept in a global closes after the statics of this file are gone.
+    static auto* abiertas = new QHash<QString, int>;
+    return *abiertas;
 }
 
 QString Canonica(const QString& ruta) {
@@ -382,6 +383,7 @@ void Database::terminaLecturas() {
 
 void Database::Close() {
     if (db_) {
+        catalogo_.reset();   // its prepared statements go before the connection
         sqlite3_close_v2(db_);
         db_ = nullptr;
     }

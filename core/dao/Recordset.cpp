@@ -17,22 +17,51 @@ using namespace jet;
 
 Recordset::~Recordset() { Close(); }
 
-void Recordset::Filas::reinicia(int ancho) {
+Recordset::Filas::~Filas() {
+    if (!libres_) return;
+    auto& l = libres_->bloques;
+    while (!bloques_.empty() && l.size() < BloquesLibres::Maximo) {
+        l.push_back(std::move(bloques_.back()));
+        bloques_.pop_back();
+    }
+}
+
+void Recordset::Filas::reinicia(int ancho, bool porClave, std::shared_ptr<BloquesLibres> libres) {
     ancho_ = ancho;
-    bloques_.clear();
+    porClave_ = porClave;
+    enUso_ = 0;
+    grandes_.clear();
+    libres_ = std::move(libres);
     libre_ = 0;
     cursor_ = nullptr;
     inicio_.clear();
     ids_.clear();
+    aparte_.assign(static_cast<size_t>(ancho), ValorCrudo{});
+    filaAparte_ = -1;
+}
+
+// The next block to write into: one already held, else one given back by another store, else a new one.
+char* Recordset::Filas::siguienteBloque() {
+    if (enUso_ == bloques_.size()) {
+        if (libres_ && !libres_->bloques.empty()) {
+            bloques_.push_back(std::move(libres_->bloques.back()));
+            libres_->bloques.pop_back();
+        } else {
+            bloques_.emplace_back(new char[BloquesLibres::Tamano]);
+        }
+    }
+    cursor_ = bloques_[enUso_++].get();
+    libre_ = BloquesLibres::Tamano;
+    return cursor_;
 }
 
 char* Recordset::Filas::reserva(size_t bytes) {
-    constexpr size_t Bloque = 256 * 1024;
     if (bytes > libre_) {
-        const size_t tamano = std::max(Bloque, bytes);
-        bloques_.emplace_back(new char[tamano]);
-        cursor_ = bloques_.back().get();
-        libre_ = tamano;
+        if (bytes > BloquesLibres::Tamano) {
+            grandes_.emplace_back(new char[bytes]);
+            return grandes_.back().get();
+        }
+        siguienteBloque();
     }
     char* p = cursor_;
     cursor_ += bytes;
@@ -54,13 +83,14 @@ size_t Tamano(const ValorCrudo& v) {
 
 }  // namespace
 
-void Recordset::Filas::escribe(const ValorCrudo* valores) {
+// The texts of `valores` are left pointing at their copies in the store.
+void Recordset::Filas::escribe(ValorCrudo* valores) {
     size_t total = 0;
     for (int i = 0; i < ancho_; ++i) total += Tamano(valores[i]);
     char* p = reserva(total);
     inicio_.push_back(p);
     for (int i = 0; i < ancho_; ++i) {
-        const ValorCrudo& v = valores[i];
+        ValorCrudo& v = valores[i];
         *p++ = static_cast<char>(v.clase);
         switch (v.clase) {
         case SQLITE_INTEGER: std::memcpy(p, &v.entero, 8); p += 8; break;
@@ -71,6 +101,7 @@ void Recordset::Filas::escribe(const ValorCrudo* valores) {
             std::memcpy(p, &bytes, sizeof bytes);
             p += sizeof bytes;
             if (bytes > 0) std::memcpy(p, v.texto, static_cast<size_t>(bytes));
+            v.texto = p;
             p += bytes;
             break;
         }
@@ -79,12 +110,85 @@ void Recordset::Filas::escribe(const ValorCrudo* valores) {
     }
 }
 
-void Recordset::Filas::agregaDeSentencia(sqlite3_stmt* st, qint64 rowid) {
-    if (lectura_.size() != static_cast<size_t>(ancho_)) lectura_.resize(static_cast<size_t>(ancho_));
-    ValorCrudo* v = lectura_.data();
-    for (int i = 0; i < ancho_; ++i) v[i] = CrudoDeColumna(st, i);
-    escribe(v);
-    ids_.push_back(rowid);
+// Room for `falta` more bytes of the row being written in [fila, p): what is written moves, whole, to a
+// fresh block, or to a block of its own twice its size when the row outgrows a block. The texts of the
+// first `hechas` columns are made to point at their new place.
+void Recordset::Filas::amplia(char*& fila, char*& p, char*& fin, size_t falta, int hechas, bool& propio) {
+    const size_t hecho = static_cast<size_t>(p - fila);
+    char* nuevo;
+    size_t tamano;
+    if (hecho + falta <= BloquesLibres::Tamano) {
+        nuevo = siguienteBloque();
+        tamano = BloquesLibres::Tamano;
+    } else {
+        tamano = 2 * (hecho + falta);
+        grandes_.emplace_back(new char[tamano]);
+        nuevo = grandes_.back().get();
+        propio = true;
+    }
+    if (hecho > 0) std::memcpy(nuevo, fila, hecho);
+    for (int j = 0; j < hechas; ++j) {
+        ValorCrudo& c = aparte_[static_cast<size_t>(j)];
+        if (c.clase == SQLITE_TEXT || c.clase == SQLITE_BLOB) c.texto = nuevo + (c.texto - fila);
+    }
+    fila = nuevo;
+    p = nuevo + hecho;
+    fin = nuevo + tamano;
+}
+
+void Recordset::Filas::agregaDeSentencia(sqlite3_stmt* st) {
+    // Each value is read into the row kept apart and written into the store at once. Once written, the
+    // row's texts point into the store and it is the new last row, the one a forward walk reads next.
+    char* fila = cursor_;
+    char* p = cursor_;
+    char* fin = cursor_ + libre_;
+    bool propio = false;              // in a block of its own, outside the run of blocks
+    ValorCrudo* v = aparte_.data();
+    for (int i = 0; i < ancho_; ++i) {
+        sqlite3_value* x = sqlite3_column_value(st, i);
+        ValorCrudo& c = v[i];
+        c.clase = sqlite3_value_type(x);
+        switch (c.clase) {
+        case SQLITE_INTEGER:
+        case SQLITE_FLOAT:
+            if (fin - p < 1 + 8) amplia(fila, p, fin, 1 + 8, i, propio);
+            *p = static_cast<char>(c.clase);
+            if (c.clase == SQLITE_INTEGER) {
+                c.entero = sqlite3_value_int64(x);
+                std::memcpy(p + 1, &c.entero, 8);
+            } else {
+                c.real = sqlite3_value_double(x);
+                std::memcpy(p + 1, &c.real, 8);
+            }
+            p += 1 + 8;
+            break;
+        case SQLITE_TEXT:
+        case SQLITE_BLOB: {
+            const char* t = c.clase == SQLITE_TEXT ? reinterpret_cast<const char*>(sqlite3_value_text(x))
+                                                   : static_cast<const char*>(sqlite3_value_blob(x));
+            const qint32 n = sqlite3_value_bytes(x);
+            const size_t largo = 1 + sizeof n + static_cast<size_t>(n);
+            if (static_cast<size_t>(fin - p) < largo) amplia(fila, p, fin, largo, i, propio);
+            *p = static_cast<char>(c.clase);
+            std::memcpy(p + 1, &n, sizeof n);
+            if (n > 0) std::memcpy(p + 1 + sizeof n, t, static_cast<size_t>(n));
+            c.texto = p + 1 + sizeof n;
+            c.bytes = n;
+            p += largo;
+            break;
+        }
+        default:
+            if (fin - p < 1) amplia(fila, p, fin, 1, i, propio);
+            *p++ = static_cast<char>(c.clase);
+            break;
+        }
+    }
+    if (!propio) {
+        cursor_ = p;
+        libre_ = static_cast<size_t>(fin - p);
+    }
+    inicio_.push_back(fila);
+    filaAparte_ = size() - 1;
 }
 
 namespace {
@@ -115,12 +219,12 @@ ValorCrudo CrudoDeVariante(const vb::Variant& v, QByteArray& texto) {
 
 }  // namespace
 
-void Recordset::Filas::agrega(const vb::Variant* valores, qint64 rowid) {
+void Recordset::Filas::agrega(const vb::Variant* valores) {
     std::vector<QByteArray> textos(static_cast<size_t>(ancho_));
     std::vector<ValorCrudo> crudos(static_cast<size_t>(ancho_));
     for (int i = 0; i < ancho_; ++i) crudos[static_cast<size_t>(i)] = CrudoDeVariante(valores[i], textos[static_cast<size_t>(i)]);
     escribe(crudos.data());
-    ids_.push_back(rowid);
+    olvidaAparte();
 }
 
 void Recordset::Filas::reemplaza(long fila, const vb::Variant* valores) {
@@ -131,35 +235,41 @@ void Recordset::Filas::reemplaza(long fila, const vb::Variant* valores) {
     escribe(crudos.data());
     inicio_[static_cast<size_t>(fila)] = inicio_.back();
     inicio_.pop_back();
+    olvidaAparte();
 }
 
 void Recordset::Filas::borra(long fila) {
-    inicio_.erase(inicio_.begin() + fila);
-    ids_.erase(ids_.begin() + fila);
+    if (porClave_) ids_.erase(ids_.begin() + fila);
+    else inicio_.erase(inicio_.begin() + fila);
+    olvidaAparte();
 }
 
-ValorCrudo Recordset::Filas::crudo(long fila, int columna) const {
-    const char* p = inicio_[static_cast<size_t>(fila)];
-    for (int i = 0;; ++i) {
-        ValorCrudo v;
-        v.clase = static_cast<unsigned char>(*p++);
-        switch (v.clase) {
-        case SQLITE_INTEGER: std::memcpy(&v.entero, p, sizeof v.entero); p += sizeof v.entero; break;
-        case SQLITE_FLOAT: std::memcpy(&v.real, p, sizeof v.real); p += sizeof v.real; break;
-        case SQLITE_TEXT:
-        case SQLITE_BLOB: {
-            qint32 n = 0;
-            std::memcpy(&n, p, sizeof n);
-            p += sizeof n;
-            v.texto = p;
-            v.bytes = n;
-            p += n;
-            break;
+const ValorCrudo& Recordset::Filas::crudo(long fila, int columna) const {
+    if (fila != filaAparte_) {
+        const char* p = inicio_[static_cast<size_t>(fila)];
+        for (int i = 0; i < ancho_; ++i) {
+            ValorCrudo& v = aparte_[static_cast<size_t>(i)];
+            v = ValorCrudo{};
+            v.clase = static_cast<unsigned char>(*p++);
+            switch (v.clase) {
+            case SQLITE_INTEGER: std::memcpy(&v.entero, p, sizeof v.entero); p += sizeof v.entero; break;
+            case SQLITE_FLOAT: std::memcpy(&v.real, p, sizeof v.real); p += sizeof v.real; break;
+            case SQLITE_TEXT:
+            case SQLITE_BLOB: {
+                qint32 n = 0;
+                std::memcpy(&n, p, sizeof n);
+                p += sizeof n;
+                v.texto = p;
+                v.bytes = n;
+                p += n;
+                break;
+            }
+            default: break;
+            }
         }
-        default: break;
-        }
-        if (i == columna) return v;
+        filaAparte_ = fila;
     }
+    return aparte_[static_cast<size_t>(columna)];
 }
 
 void Recordset::Close() {
@@ -171,6 +281,9 @@ void Recordset::Close() {
         sqlite3_finalize(stFila_);
         stFila_ = nullptr;
     }
+    // Nothing is read any more, not even on the inline road.
+    filaEnSentencia_ = -1;
+    filas_.olvidaAparte();
     cerrado_ = true;
     if (registrado_ && db_) {
         auto& l = db_->abiertos_;
@@ -224,6 +337,7 @@ void Recordset::abre() {
         f->origenTabla_ = c.tablaOrigen;
         f->rs_ = this;
         f->indice_ = static_cast<int>(i);
+        f->tipoLectura_ = c.tipo;
         campos_.campos_.push_back(std::move(f));
     }
 
@@ -236,7 +350,7 @@ void Recordset::abre() {
         st_ = nullptr;
         db_->lanzaSqlite(rc);
     }
-    filas_.reinicia(static_cast<int>(tipos_.size()));
+    filas_.reinicia(static_cast<int>(tipos_.size()), porClave_, db_->bloquesLibres_);
     if (!registrado_) {
         db_->abiertos_.push_back(this);
         registrado_ = true;
@@ -262,7 +376,7 @@ bool Recordset::trae() {
             filas_.agregaClave(sqlite3_column_int64(st_, columnaRowid_));
             filaEnSentencia_ = filas_.size() - 1;
         } else {
-            filas_.agregaDeSentencia(st_, 0);
+            filas_.agregaDeSentencia(st_);
         }
         return true;
     }
@@ -287,8 +401,6 @@ void Recordset::exigeActual() const {
         Lanza(ErrNoHayRegistroActual);
 }
 
-bool Recordset::Eof() { return eof_; }
-bool Recordset::Bof() { return bof_; }
 
 void Recordset::situa(long indice) {
     // A dynaset shows each row as the table holds it when the walk reaches it: after a write, no row read
@@ -587,7 +699,7 @@ void Recordset::Update() {
         traeTodo();
         const bool vacio = filas_.empty();
         if (porClave_) filas_.agregaClave(sqlite3_last_insert_rowid(db_->sqlite()));
-        else filas_.agrega(fila.data(), sqlite3_last_insert_rowid(db_->sqlite()));
+        else filas_.agrega(fila.data());
         if (vacio) situa(0);
     } else {
         if (porClave_) {

@@ -31,7 +31,6 @@ struct ValorCrudo {
     const char* texto = nullptr;
     int bytes = 0;
 };
-ValorCrudo CrudoDeColumna(sqlite3_stmt* st, int columna);
 ValorCrudo CrudoDeValor(sqlite3_value* v);
 vb::Variant DeCrudo(const ValorCrudo& v, TipoCampo tipo);
 

@@ -24,6 +24,10 @@ public:
     // "yyyy-mm-dd hh:nn:ss", the form the database stores and the utility prints.
     QString toIso() const;
     static std::optional<Fecha> fromIso(const QString& texto);
+    // A valid day and a second of that day (0..86399) taken as they are, for a reader that has checked both.
+    static constexpr Fecha deDiaYSegundo(QDate dia, int segundo) {
+        return Fecha(Revisada{}, dia, QTime::fromMSecsSinceStartOfDay(segundo * 1000));
+    }
 
     QDate date() const { return dia_; }
     QTime time() const { return hora_; }
@@ -37,6 +41,8 @@ public:
     bool operator==(const Fecha& o) const { return dia_ == o.dia_ && hora_ == o.hora_; }
 
 private:
+    struct Revisada {};
+    constexpr Fecha(Revisada, QDate dia, QTime hora) : dia_(dia), hora_(hora) {}
     QDate dia_;
     QTime hora_;
 };
