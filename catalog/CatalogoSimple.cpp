@@ -5,6 +5,7 @@
 #include "catalog/ModuloCatalogo.h"
 #include "core/Datos.h"
 #include "core/Globales.h"
+#include "core/controles/CampoEnlazado.h"
 #include "core/controles/Colores.h"
 #include "core/controles/ComboBox.h"
 #include "core/controles/ListView.h"
@@ -254,6 +255,7 @@ bool CatalogoSimple::InicializaBase(const QString& SQLcaptura, const QString& SQ
             Label1[k]->setPalette(p);
             const int largo = InfoCampos[k].Largo;
             Text1[k]->resize(largo >= 35 ? Px(5260) : Px(largo * 150), Text1[k]->sizeHint().height());
+            controles::LimitaAlCampo(*Text1[k], campo);
             Label1[k]->adjustSize();
             Label1[k]->setVisible(true);
             Text1[k]->setVisible(true);

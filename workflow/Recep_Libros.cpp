@@ -2,6 +2,7 @@
 
 #include "core/Datos.h"
 #include "core/Globales.h"
+#include "core/controles/CampoEnlazado.h"
 #include "core/dao/Dao.h"
 #include "core/ui/Ficha.h"
 #include "core/vb/Cadenas.h"
@@ -112,6 +113,8 @@ Recep_Libros::Recep_Libros(QWidget* padre) : QDialog(padre) {
     todo->addLayout(centro, 1);
     todo->addLayout(botones);
     resize(720, 480);
+    // The title's reception down the left, then the numbers: the one to add, its button, the list, its buttons.
+    controles::OrdenDeTabulacion({Text2, Text3, Text4, Text5, Text6, Command4, List1, Command1, Command5, Command2, Command3});
 
     ui::Conecta(Command4, &QPushButton::clicked, this, origen, &Recep_Libros::Command4_Click);
     ui::Conecta(Command5, &QPushButton::clicked, this, origen, &Recep_Libros::Command5_Click);
@@ -152,6 +155,7 @@ bool Recep_Libros::eventFilter(QObject* objeto, QEvent* evento) {
 
 void Recep_Libros::Form_Load() {
     Fecha.setTextBox(Text2);
+    controles::LimitaAlCampo(*Text5, QStringLiteral("Solicitudes Libros"), QStringLiteral("Factura"));
     {
         const QSignalBlocker bloqueo(List1);
         List1->clear();
@@ -399,7 +403,10 @@ void Recep_Libros::Command5_Click() {
     Command5->setEnabled(false);
     globales::HuboCambiosNumAdq = true;
     lblInfoNumAdq->hide();
-    if (List1->count() > 0) List1->setCurrentRow(indice < 2 ? 0 : indice - 1);
+    if (List1->count() == 0) return;
+    List1->setCurrentRow(indice < 2 ? 0 : indice - 1);
+    // The number chosen in its place is as good as clicked: its button and its date of entry follow it.
+    List1_Click();
 }
 
 void Recep_Libros::Command3_Click() {

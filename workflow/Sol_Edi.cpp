@@ -3,6 +3,7 @@
 #include "catalog/CatMod.h"
 #include "core/Datos.h"
 #include "core/Globales.h"
+#include "core/controles/CampoEnlazado.h"
 #include "core/controles/ComboBox.h"
 #include "core/controles/SoloDigitos.h"
 #include "core/dao/Dao.h"
@@ -104,6 +105,9 @@ Sol_Edi::Sol_Edi(QWidget* padre) : QDialog(padre) {
     todo->addLayout(g);
     todo->addWidget(lblWarning);
     todo->addLayout(botones);
+    // As the screen reads: the date, who asks, the library and then its schools, the source, the buttons.
+    controles::OrdenDeTabulacion({Text2, Text3, Text5, Combo2, Command4, Text4, Combo1, Command2, txtIdFinanciamiento,
+                                  cboFinanciamiento, Command1, Command3});
 
     ui::Conecta(Command1, &QPushButton::clicked, this, origen, &Sol_Edi::Command1_Click);
     ui::Conecta(Command2, &QPushButton::clicked, this, origen, &Sol_Edi::Command2_Click);
@@ -133,6 +137,7 @@ void Sol_Edi::MuestraFinanciamiento(bool visible) {
 
 void Sol_Edi::Form_Load() {
     Fecha.setTextBox(Text2);
+    controles::LimitaAlCampo(*Text3, QStringLiteral("Solicitudes General"), QStringLiteral("Solicitante"));
     globales::ConsultaDatos& c = globales::Consulta;
     c.Clave.clear();
     c.Valor.clear();
@@ -286,16 +291,21 @@ void Sol_Edi::Command4_Click() {
 void Sol_Edi::Command3_Click() { close(); }
 
 void Sol_Edi::Command1_Click() {
-    // Every failure is trapped here: the screen stays open with what was typed.
+    // Every failure is trapped here: the screen stays open with what was typed, and the box names the step.
+    int linea = 0;
     try {
-        Grabar();
+        Grabar(linea);
     } catch (const vb::Error& e) {
-        ui::Sistema().MsgBox(e.Description(), ui::vbCritical, QStringLiteral("Error"));
+        ui::Sistema().MsgBox(QStringLiteral("Error ") + QString::number(e.Number()) + QStringLiteral(" (") + e.Description() +
+                                 QStringLiteral(") in procedure Command1_Click of Formulario Sol_Edi\r\nlinea:  ") +
+                                 QString::number(linea),
+                             ui::vbCritical);
     }
 }
 
-void Sol_Edi::Grabar() {
+void Sol_Edi::Grabar(int& linea) {
     ui::Plataforma& sistema = ui::Sistema();
+    linea = 1;
     lblWarning->hide();
     if (vb::Trim(Text3->text()).isEmpty()) {
         lblWarning->setText(QStringLiteral("Se requiere el nombre del solicitante..."));
@@ -317,11 +327,13 @@ void Sol_Edi::Grabar() {
         sistema.Beep();
         return;
     }
+    linea = 5;
     if (!Text2->text().isEmpty() && !vb::IsDate(vb::Variant(Text2->text()))) {
         sistema.MsgBox(QStringLiteral("Esta no es una fecha válida"), ui::vbCritical, QStringLiteral("Fecha incorrecta"));
         Text2->setFocus();
         return;
     }
+    linea = 6;
     if (NumeroItem(Combo1->Text()) != vb::Val(Text4->text())) {
         sistema.Beep();
         Text4->clear();
@@ -330,12 +342,14 @@ void Sol_Edi::Grabar() {
         lblWarning->show();
         return;
     }
+    linea = 7;
     const QString Fin = cboFinanciamiento->ListIndex() >= 0 ? Numero(NumeroItem(cboFinanciamiento->Text())) : QStringLiteral("0");
     const QString ahora = vb::Format(vb::Variant(vb::Fecha::Now()), QStringLiteral("yyyy/mm/dd hh:nn:ss"));
     const QString fecha = FormatoFecha(Text2->text(), QStringLiteral("yyyy/mm/dd"));
     const QString solicitante = Datos::DuplicaComillas(vb::Trim(Text3->text()));
 
     if (globales::NavModo != 2) {
+        linea = 8;
         globales::AltaDatos& a = globales::Alta;
         a.Campos = QStringLiteral("NoSolicitud, Fecha , Solicitante, Noescuela, Nobiblioteca, Estado, FechaCaptura, IdCapturista, IdFinanciamiento");
         a.Tabla = QStringLiteral("[Solicitudes General]");
@@ -359,6 +373,7 @@ void Sol_Edi::Grabar() {
         return;
     }
 
+    linea = 9;
     globales::ConsultaDatos& c = globales::Consulta;
     c.Campos = QStringLiteral("Fecha| FechaCaptura| Solicitante| NoEscuela| NoBiblioteca| IdCapturista| IdFinanciamiento");
     c.Orden = u'#' + fecha + QStringLiteral("#|#") + ahora + QStringLiteral("#|'") + solicitante + QStringLiteral("'|") +

@@ -60,5 +60,6 @@ protected:
 private:
     void LlenaFinanciamiento(const QString& noEscuela, const QString& orden);
     void MuestraFinanciamiento(bool visible);
-    void Grabar();
+    // The save itself; `linea` tells the step reached, for the box of a failure.
+    void Grabar(int& linea);
 };

@@ -3,6 +3,7 @@
 #include "catalog/CatMod.h"
 #include "core/Datos.h"
 #include "core/Globales.h"
+#include "core/controles/CampoEnlazado.h"
 #include "core/controles/ComboBox.h"
 #include "core/controles/SoloDigitos.h"
 #include "core/ui/Plataforma.h"
@@ -87,6 +88,7 @@ Sol_Libros::Sol_Libros(QWidget* padre) : QDialog(padre) {
     todo->addLayout(g);
     todo->addLayout(botones);
     resize(620, 300);
+    controles::OrdenDeTabulacion({Text3, Text4, Text1, Text2, Combo1, Command2, Text5, TxtISBN, Command1, Command3});
 
     ui::Conecta(Command1, &QPushButton::clicked, this, origen, &Sol_Libros::Command1_Click);
     ui::Conecta(Command2, &QPushButton::clicked, this, origen, &Sol_Libros::Command2_Click);
@@ -120,12 +122,17 @@ void Sol_Libros::Form_Load() {
     c.Tabla = QStringLiteral("Editoriales");
     c.Orden = QStringLiteral("Nombre");
     Datos::LlenaCombo(c, *Combo1);
+    const QString tabla = QStringLiteral("Solicitudes Libros");
+    controles::LimitaAlCampo(*Text3, tabla, QStringLiteral("Titulo"));
+    controles::LimitaAlCampo(*Text4, tabla, QStringLiteral("Autor"));
+    controles::LimitaAlCampo(*TxtISBN, tabla, QStringLiteral("ISBN"));
 
     if (globales::TitModo != 2) {
         setWindowTitle(QStringLiteral("Agregando nuevo libro a solicitud"));
         for (QLineEdit* t : {Text3, Text4, Text5, Text1, Text2}) t->clear();
-        // A new title is saved as requested, whatever the last title changed was.
-        LblEstadoLibro->setText(EstadoEnPalabras(QStringLiteral("S")));
+        // The state shown is the one the titles screen keeps, left by the last title chosen for a change;
+        // a new title is saved as requested all the same.
+        LblEstadoLibro->setText(EstadoEnPalabras(Titulos ? Titulos->EstadoTitulo : QString()));
         return;
     }
     c.Campos = QStringLiteral("Titulo, Autor , Edicion, Noeditorial, [Ejemplares Pedidos], ISBN ");

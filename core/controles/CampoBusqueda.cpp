@@ -27,6 +27,10 @@ CampoBusqueda::CampoBusqueda(QLineEdit* campo, QComboBox* combo, QObject* padre)
     connect(combo, &QComboBox::currentIndexChanged, this, [this](int i) {
         if (i >= 0) ui::Protegido(QStringLiteral("CampoBusqueda"), [this] { Combo_Click(); });
     });
+    // Choosing the item already chosen changes no index, yet puts its number back in an emptied field.
+    connect(combo, &QComboBox::activated, this, [this](int i) {
+        if (i >= 0) ui::Protegido(QStringLiteral("CampoBusqueda"), [this] { Combo_Click(); });
+    });
     connect(campo, &QLineEdit::textChanged, this,
             [this] { ui::Protegido(QStringLiteral("CampoBusqueda"), [this] { Campo_Change(); }); });
 }

@@ -2,6 +2,8 @@
 
 #include "core/vb/Error.h"
 
+#include <QChildEvent>
+#include <QEvent>
 #include <QSignalBlocker>
 
 
@@ -17,6 +19,42 @@ ComboBox::ComboBox(QWidget* padre) : QComboBox(padre) {
         if (i >= 0) emit Click();
     });
     connect(this, &QComboBox::editTextChanged, this, [this] { emit Change(); });
+    // A choice of another item has fired Click through the change of index just before; the item already
+    // chosen, chosen again, fires it here.
+    connect(this, &QComboBox::activated, this, [this](int i) {
+        const bool mismo = i >= 0 && i == antesDeElegir_;
+        antesDeElegir_ = -2;
+        if (mismo) emit Click();
+    });
+}
+
+void ComboBox::showPopup() {
+    antesDeElegir_ = currentIndex();
+    QComboBox::showPopup();
+}
+
+bool ComboBox::event(QEvent* e) {
+    switch (e->type()) {
+    case QEvent::KeyPress:
+    case QEvent::Wheel:
+    case QEvent::MouseButtonPress:
+        antesDeElegir_ = currentIndex();
+        break;
+    default:
+        break;
+    }
+    return QComboBox::event(e);
+}
+
+// The text box of an editable combo takes the keys first (Enter on an item's text chooses it).
+void ComboBox::childEvent(QChildEvent* e) {
+    if (e->added() && e->child()->isWidgetType()) e->child()->installEventFilter(this);
+    QComboBox::childEvent(e);
+}
+
+bool ComboBox::eventFilter(QObject* objeto, QEvent* evento) {
+    if (evento->type() == QEvent::KeyPress) antesDeElegir_ = currentIndex();
+    return QComboBox::eventFilter(objeto, evento);
 }
 
 void ComboBox::AddItem(const QString& texto, int indice) {

@@ -1,6 +1,8 @@
 #pragma once
 // The combo box of the screens: items with a whole number each (ItemData), a selected index that is -1 when
-// nothing is chosen, and the Click event both for the user's choice and for a ListIndex set by code.
+// nothing is chosen, and the Click event both for the user's choice and for a ListIndex set by code. The
+// user's choice fires Click once, also when it is the item already chosen: a field kept in step with the
+// combo is put right by choosing its item again.
 #include <QComboBox>
 
 namespace controles {
@@ -33,8 +35,19 @@ signals:
     void Click();
     void Change();
 
+public:
+    void showPopup() override;
+
+protected:
+    void childEvent(QChildEvent* e) override;
+    bool eventFilter(QObject* objeto, QEvent* evento) override;
+    bool event(QEvent* e) override;
+
 private:
     int nuevo_ = -1;
+    // The choice as it stood when the user's last action on the combo began (a key, the wheel, the list
+    // opened); -2 when none is under way. A choice that leaves it unchanged fires no change of index.
+    int antesDeElegir_ = -2;
 };
 
 // ItemData as LlenaCombo and ComboBox keep it (Qt::UserRole), read from any QComboBox: 0 when never set.

@@ -8,6 +8,8 @@
 #include "core/FormPrincipal.h"
 
 #include <QComboBox>
+#include <QKeyEvent>
+#include <QLineEdit>
 #include <QPushButton>
 
 using namespace prueba;
@@ -304,4 +306,36 @@ TEST_F(Edicion, UsuariosConPrestamosNoSeBorran) {
     EXPECT_EQ(Cajas()[3].texto, QStringLiteral("Este usuario tiene 2 libros(s) pendientes por entregar en Prestamo Interno.\r\n"
                                                "  Debe regesar los libros que tiene prestados para eliminar éste usuario"));
     EXPECT_EQ(Valor(QStringLiteral("SELECT COUNT(*) FROM Usuarios")), QStringLiteral("3"));
+}
+
+TEST_F(Edicion, RenglonesDeTextoTomanElLargoDeSuCampo) {
+    bool visto = false;
+    Guion("CatalogoSimple", [&](QDialog& d) {
+        visto = true;
+        auto& f = static_cast<CatalogoSimple&>(d);
+        ASSERT_GE(f.Text1.size(), 6u);
+        // No, Nombre TEXT(50), Alta, Monto, Cantidad, Nota TEXT(20): only the texts are limited.
+        const int sinLimite = QLineEdit().maxLength();
+        EXPECT_EQ(f.Text1[0]->maxLength(), sinLimite);
+        EXPECT_EQ(f.Text1[1]->maxLength(), 50);
+        EXPECT_EQ(f.Text1[2]->maxLength(), sinLimite);
+        EXPECT_EQ(f.Text1[3]->maxLength(), sinLimite);
+        EXPECT_EQ(f.Text1[4]->maxLength(), sinLimite);
+        EXPECT_EQ(f.Text1[5]->maxLength(), 20);
+
+        // The longest text each row takes is saved whole, with no failure of the engine.
+        f.Cmd_Click(0);
+        f.Text1[0]->setText(QStringLiteral("9"));
+        f.Text1[1]->setFocus();
+        for (int i = 0; i < 60; ++i) {
+            QKeyEvent tecla(QEvent::KeyPress, Qt::Key_A, Qt::NoModifier, QStringLiteral("a"));
+            QApplication::sendEvent(f.Text1[1], &tecla);
+        }
+        f.Text1[5]->setText(QString(25, u'z'));
+        f.Cmd_Click(3);
+        EXPECT_TRUE(Cajas().empty());
+        EXPECT_EQ(Valor(QStringLiteral("SELECT Len(Nombre) & '|' & Len(Nota) FROM Pruebas WHERE [No]=9")), QStringLiteral("50|20"));
+    });
+    AbrePruebas();
+    EXPECT_TRUE(visto);
 }

@@ -3,6 +3,7 @@
 #include "../ui/ayuda_ui.h"
 
 #include "core/controles/CampoBusqueda.h"
+#include "core/controles/CampoEnlazado.h"
 #include "core/controles/CapturaTextBox.h"
 #include "core/controles/Colores.h"
 #include "core/controles/ComboBox.h"
@@ -10,10 +11,12 @@
 #include "core/controles/SoloDigitos.h"
 #include "core/controles/TimerReacomodo.h"
 
+#include <QAbstractItemView>
 #include <QEventLoop>
 #include <QFocusEvent>
 #include <QKeyEvent>
 #include <QLineEdit>
+#include <QPushButton>
 #include <QResizeEvent>
 
 namespace {
@@ -239,3 +242,94 @@ TEST_F(Campos, TimerReacomodoUnaVezPorSerieDeCambios) {
 }
 
 }  // namespace
+
+namespace {
+
+// The analyst's choice of item `i` in the open list, with Enter.
+void EligeEnLaLista(QComboBox& combo, int i) {
+    combo.showPopup();
+    combo.view()->setCurrentIndex(combo.model()->index(i, 0));
+    QKeyEvent enter(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier);
+    QCoreApplication::sendEvent(combo.view(), &enter);
+}
+
+}  // namespace
+
+TEST_F(Campos, ComboBoxUnClicPorEleccionTambienDelElementoYaElegido) {
+    for (const bool editable : {false, true}) {
+        auto* combo = new controles::ComboBox(&ventana);
+        combo->setEditable(editable);
+        for (const char* t : {"001 - Uno", "002 - Dos", "003 - Tres"}) combo->AddItem(QString::fromLatin1(t));
+        int clics = 0;
+        QObject::connect(combo, &controles::ComboBox::Click, [&clics] { ++clics; });
+        EligeEnLaLista(*combo, 1);
+        EXPECT_EQ(combo->ListIndex(), 1);
+        EXPECT_EQ(clics, 1) << "editable " << editable;
+        EligeEnLaLista(*combo, 1);                    // the same item again
+        EXPECT_EQ(clics, 2) << "editable " << editable;
+        // A key that moves the choice: one click.
+        Tecla(combo, Qt::Key_Down);
+        EXPECT_EQ(combo->ListIndex(), 2);
+        EXPECT_EQ(clics, 3) << "editable " << editable;
+        // By code: a click for a new index only, and a code change leaves no trace on the next choice.
+        combo->setListIndex(0);
+        combo->setListIndex(0);
+        EXPECT_EQ(clics, 4);
+        EligeEnLaLista(*combo, 0);
+        EXPECT_EQ(clics, 5);
+        EligeEnLaLista(*combo, 2);
+        EXPECT_EQ(clics, 6);
+    }
+
+    // The lookup field: emptied by a number that is no item, filled again by choosing the item shown.
+    auto* campo = new QLineEdit(&ventana);
+    auto* lista = new QComboBox(&ventana);
+    lista->addItems({QStringLiteral("004 - Artes"), QStringLiteral("007 - Letras")});
+    controles::CampoBusqueda busqueda(campo, lista);
+    EligeEnLaLista(*lista, 1);
+    EXPECT_EQ(campo->text(), QStringLiteral("7"));
+    campo->setText(QStringLiteral("9"));
+    EXPECT_EQ(campo->text(), QString());
+    EXPECT_EQ(lista->currentIndex(), 1);
+    EligeEnLaLista(*lista, 1);
+    EXPECT_EQ(campo->text(), QStringLiteral("7"));
+}
+
+namespace {
+class CamposConBase : public prueba_ui::ConBase {};
+}  // namespace
+
+TEST_F(CamposConBase, LargoDelCampoDeTextoYOrdenDeTabulacion) {
+    QWidget ventana;
+    auto* caja = new QLineEdit(&ventana);
+    const int sinLimite = caja->maxLength();
+    controles::LimitaAlCampo(*caja, QStringLiteral("Solicitudes General"), QStringLiteral("solicitante"));
+    EXPECT_EQ(caja->maxLength(), 100);
+    caja->setText(QString(120, u'x'));
+    EXPECT_EQ(caja->text().size(), 100);
+    controles::LimitaAlCampo(*caja, QStringLiteral("Adquisiciones Numadqui"), QStringLiteral("NoAdquisicion"));
+    EXPECT_EQ(caja->maxLength(), 20);
+    // A table or column that isn't there changes nothing; a number, a date or a memo takes any length.
+    controles::LimitaAlCampo(*caja, QStringLiteral("No existe"), QStringLiteral("Nombre"));
+    controles::LimitaAlCampo(*caja, QStringLiteral("Solicitudes General"), QStringLiteral("No existe"));
+    EXPECT_EQ(caja->maxLength(), 20);
+    controles::LimitaAlCampo(*caja, QStringLiteral("Solicitudes General"), QStringLiteral("NoEscuela"));
+    EXPECT_EQ(caja->maxLength(), sinLimite);
+    Ejecuta(QStringLiteral("CREATE TABLE Notas (Texto MEMO, Clave TEXT(7))"));
+    globales::Base().TableDefs().Refresh();
+    controles::LimitaAlCampo(*caja, QStringLiteral("Notas"), QStringLiteral("Clave"));
+    EXPECT_EQ(caja->maxLength(), 7);
+    controles::LimitaAlCampo(*caja, QStringLiteral("Notas"), QStringLiteral("Texto"));
+    EXPECT_EQ(caja->maxLength(), sinLimite);
+
+    // Tab goes the way it is told, not the way the widgets were made.
+    auto* a = new QLineEdit(&ventana);
+    auto* b = new QLineEdit(&ventana);
+    auto* c = new QPushButton(&ventana);
+    controles::OrdenDeTabulacion({c, a, b});
+    QList<QWidget*> visto;
+    QWidget* w = c;
+    for (int paso = 0; paso < 50 && visto.size() < 3; ++paso, w = w->nextInFocusChain())
+        if ((w == a || w == b || w == c) && !visto.contains(w)) visto << w;
+    EXPECT_EQ(visto, (QList<QWidget*>{c, a, b}));
+}

@@ -5,6 +5,11 @@
 
 #include "core/controles/ListView.h"
 
+#include <QAbstractItemView>
+#include <QApplication>
+#include <QComboBox>
+#include <QKeyEvent>
+#include <QLineEdit>
 #include <gtest/gtest.h>
 
 class PruebaFlujo : public ::testing::Test {
@@ -46,6 +51,33 @@ protected:
         QStringList r;
         for (int i = 1; i <= l.ListItems().Count(); ++i) r << l.ListItems()(i).Text();
         return r;
+    }
+    // The analyst's choice of item `i` in a combo's open list, chosen with Enter: the path of a real choice,
+    // also when the item is the one already chosen.
+    static void EligeEnLaLista(QComboBox& combo, int i) {
+        combo.showPopup();
+        combo.view()->setCurrentIndex(combo.model()->index(i, 0));
+        QKeyEvent enter(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier);
+        QApplication::sendEvent(combo.view(), &enter);
+    }
+    // Types into a field key by key, as the analyst does, through the field's filters and its limit.
+    static void Teclea(QWidget* campo, const QString& texto) {
+        for (const QChar ch : texto) {
+            QKeyEvent e(QEvent::KeyPress, ch.isDigit() ? Qt::Key_0 + ch.digitValue() : Qt::Key_A, Qt::NoModifier, QString(ch));
+            QApplication::sendEvent(campo, &e);
+        }
+    }
+    // The widgets of `orden` in the order Tab reaches them, starting from the first of them: each one
+    // counted where it first comes up in the focus chain.
+    static QList<QWidget*> OrdenDeFoco(const QList<QWidget*>& orden) {
+        QList<QWidget*> vistos;
+        if (orden.isEmpty()) return vistos;
+        QWidget* w = orden.front();
+        for (int paso = 0; paso < 1000 && vistos.size() < orden.size(); ++paso) {
+            if (orden.contains(w) && !vistos.contains(w)) vistos << w;
+            w = w->nextInFocusChain();
+        }
+        return vistos;
     }
     // The document last completed in any view.
     QString UltimoDocumento() const { return sistema->documentos.isEmpty() ? QString() : sistema->documentos.back(); }

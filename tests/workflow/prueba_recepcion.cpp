@@ -47,13 +47,6 @@ protected:
         f->Form_Load();
         return f;
     }
-    // Types into a field key by key, as the analyst does, through the field's filters.
-    static void Teclea(QLineEdit* campo, const QString& texto) {
-        for (const QChar ch : texto) {
-            QKeyEvent e(QEvent::KeyPress, ch.isDigit() ? Qt::Key_0 + ch.digitValue() : Qt::Key_A, Qt::NoModifier, QString(ch));
-            QApplication::sendEvent(campo, &e);
-        }
-    }
     static void Agrega(Recep_Libros& f, const QString& numero) {
         f.Text6->setText(numero);
         f.Command4_Click();
@@ -280,7 +273,7 @@ TEST_F(PruebaRecepcion, EjemplaresNoBajanDeLaListaYBorrarTodosDevuelveElTituloAP
     Pedido(2, "P");
     Titulo(10, 2, "A", "3", "10");
     for (const char* n : {"1", "2", "3"}) Numero(n, 10);
-    Numero("2", 30, "D");                                // same number, other side: it stays
+    Numero("3", 30, "D");                                // same number, other side: it stays
     auto g = Generales(2);
     globales::TitValor = vb::Variant(QStringLiteral("10"));
     Recep_Libros f;
@@ -301,18 +294,19 @@ TEST_F(PruebaRecepcion, EjemplaresNoBajanDeLaListaYBorrarTodosDevuelveElTituloAP
     Teclea(f.Text3, QStringLiteral("x12345"));
     EXPECT_EQ(f.Text3->text(), QStringLiteral("312"));
 
-    // Rows chosen without their click: "2" would read the donation's row too (see the subscript case).
+    // Rows chosen without their click: "3" would read the donation's row too (see the subscript case).
     const QSignalBlocker sinClic(f.List1);
     f.List1->setCurrentRow(2);
     f.Command5_Click();
-    EXPECT_FALSE(f.Command5->isEnabled());
     EXPECT_EQ(f.List1->currentRow(), 1);                 // the one before
     f.List1->setCurrentRow(0);
     f.Command5_Click();
     EXPECT_EQ(f.List1->currentRow(), 0);
     EXPECT_EQ(f.List1->item(0)->text(), QStringLiteral("2"));
+    EXPECT_TRUE(f.Command5->isEnabled());                // the number put in its place is clicked
     f.Command5_Click();
     EXPECT_EQ(f.List1->count(), 0);
+    EXPECT_FALSE(f.Command5->isEnabled());
     EXPECT_EQ(Numeros(10), 0);
     EXPECT_EQ(Numeros(30), 1);
     EXPECT_EQ(Estado(10), QStringLiteral("A"));          // settled only on leaving
@@ -352,6 +346,67 @@ TEST_F(PruebaRecepcion, MenosNumerosQueEjemplaresPreguntaConNoPorOmision) {
     EXPECT_EQ(Valor("SELECT Estado & '|' & Factura FROM [Solicitudes Libros]"), QStringLiteral("A|F'9"));
     // From the copy listing the order screen isn't asked to refresh.
     EXPECT_EQ(g->ListView1->ListItems()(1).SubItems(2), QStringLiteral("-Pedido-"));
+}
+
+TEST_F(PruebaRecepcion, TrasBorrarElNumeroQueQuedaElegidoSeComportaComoClicado) {
+    Pedido(2, "P");
+    Titulo(10, 2, "A", "4", "10");
+    Numero("100", 10);
+    Ejecuta("INSERT INTO [Adquisiciones Numadqui] (NoAdquisicion, ClaveLibro, [Solicitud o donacion], FechaIngreso) "
+            "VALUES ('101', 10, 'S', #2024/03/02 10:15:00#)");
+    Ejecuta("INSERT INTO [Adquisiciones Numadqui] (NoAdquisicion, ClaveLibro, [Solicitud o donacion], FechaIngreso) "
+            "VALUES ('102', 10, 'S', #2024/03/09 08:00:05#)");
+    Numero("103", 10);
+    auto f = Libros(10);
+    ASSERT_EQ(f->List1->count(), 4);
+
+    // Deleting the last number chooses the one before, with its date of entry and its button.
+    f->List1->setCurrentRow(3);
+    f->List1_Click();
+    EXPECT_TRUE(f->lblInfoNumAdq->isHidden());           // "103" has no date
+    f->Command5_Click();
+    EXPECT_EQ(f->List1->currentItem()->text(), QStringLiteral("102"));
+    EXPECT_TRUE(f->Command5->isEnabled());
+    EXPECT_TRUE(f->Command5->isDefault());
+    EXPECT_FALSE(f->lblInfoNumAdq->isHidden());
+    EXPECT_EQ(f->lblInfoNumAdq->text(), QStringLiteral("Este ejemplar fue agregado el 09-mar-2024 08:00:05"));
+
+    // Below the second place the first number takes the choice; one without a date hides the label.
+    f->List1->setCurrentRow(1);
+    f->Command5_Click();
+    EXPECT_EQ(f->List1->currentItem()->text(), QStringLiteral("100"));
+    EXPECT_TRUE(f->Command5->isEnabled());
+    EXPECT_TRUE(f->lblInfoNumAdq->isHidden());
+    f->List1->setCurrentRow(1);
+    f->List1_Click();
+    EXPECT_EQ(f->lblInfoNumAdq->text(), QStringLiteral("Este ejemplar fue agregado el 09-mar-2024 08:00:05"));
+
+    // The last one gone: nothing is chosen, the button and the label stay off.
+    f->Command5_Click();
+    f->Command5_Click();
+    EXPECT_EQ(f->List1->count(), 0);
+    EXPECT_FALSE(f->Command5->isEnabled());
+    EXPECT_TRUE(f->lblInfoNumAdq->isHidden());
+    EXPECT_EQ(Numeros(10), 0);
+    EXPECT_TRUE(sistema->cajas.empty());
+}
+
+TEST_F(PruebaRecepcion, CamposDeLaRecepcionLimitadosYEnOrdenDeTabulacion) {
+    Pedido(2, "P");
+    Titulo(10, 2, "P", "1", "10");
+    auto f = Libros(10);
+    EXPECT_EQ(f->Text5->maxLength(), 50);                // Factura TEXT(50)
+    f->Text5->clear();
+    Teclea(f->Text5, QString(60, u'f'));
+    EXPECT_EQ(f->Text5->text(), QString(50, u'f'));
+    f->Text6->setText(QStringLiteral("7"));
+    f->Command4_Click();
+    EXPECT_TRUE(sistema->cajas.empty());
+    EXPECT_EQ(Valor("SELECT Len(Factura) FROM [Solicitudes Libros] WHERE ClaveLibro=10"), QStringLiteral("50"));
+
+    const QList<QWidget*> orden{f->Text2, f->Text3, f->Text4,    f->Text5,    f->Text6, f->Command4,
+                                f->List1, f->Command1, f->Command5, f->Command2, f->Command3};
+    EXPECT_EQ(OrdenDeFoco(orden), orden);
 }
 
 }  // namespace

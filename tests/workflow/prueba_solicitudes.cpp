@@ -290,4 +290,100 @@ TEST_F(PruebaSolicitudes, CambiarSobrescribeCapturaYRefrescaLaLista) {
     EXPECT_EQ(lista.ListView1->ListItems()(2).SubItems(2), QStringLiteral("Marta D'Ávila"));
 }
 
+TEST_F(PruebaSolicitudes, FallaAtrapadaAlGrabarDaLaCajaDelProgramaYLaPantallaSigue) {
+    TresSolicitudes();
+    Sol1 lista;
+    lista.Form_Load();
+    globales::NavModo = 2;
+    globales::NavCampo = QStringLiteral("NoSolicitud");
+    globales::NavValor = vb::Variant(QStringLiteral("1"));
+    Sol_Edi e;
+    e.Lista = &lista;
+    e.Form_Load();
+    // The list's statement fails once the head is written: the schools' table is gone.
+    Ejecuta("DROP TABLE Escuelas");
+    vb::Error esperado(0, QString());
+    try {
+        lista.Refrescar();
+        FAIL() << "the list should not fill without its table";
+    } catch (const vb::Error& falla) {
+        esperado = falla;
+    }
+    e.Text3->setText(QStringLiteral("Luisa"));
+    e.Command1_Click();
+    ASSERT_EQ(sistema->cajas.size(), 1u);
+    EXPECT_EQ(sistema->cajas[0].texto, QStringLiteral("Error ") + QString::number(esperado.Number()) + QStringLiteral(" (") +
+                                           esperado.Description() +
+                                           QStringLiteral(") in procedure Command1_Click of Formulario Sol_Edi\r\nlinea:  9"));
+    EXPECT_EQ(esperado.Number(), 3078);
+    EXPECT_EQ(sistema->cajas[0].flags, ui::vbCritical);
+    // What ran before the failure stays, and the screen keeps what was typed.
+    EXPECT_EQ(Valor("SELECT Solicitante FROM [Solicitudes General] WHERE NoSolicitud=1"), QStringLiteral("Luisa"));
+    EXPECT_EQ(e.Text3->text(), QStringLiteral("Luisa"));
+}
+
+TEST_F(PruebaSolicitudes, NumeroYListaDeEscuelasConcuerdanAunqueSeTecleeDeprisa) {
+    globales::NavModo = 0;
+    Sol_Edi e;
+    e.Form_Load();
+    e.Text3->setText(QStringLiteral("Luis"));
+    Teclea(e.Text5, QStringLiteral("1"));
+    ASSERT_EQ(e.Combo1->ListCount(), 2);                 // Artes (4), Ingeniería (3)
+    EXPECT_EQ(e.Text4->text(), QStringLiteral("4"));
+
+    // Keys one after another in the school's number: "3" chooses Ingeniería, "39" is no school at all.
+    e.Text4->selectAll();
+    Teclea(e.Text4, QStringLiteral("39"));
+    EXPECT_EQ(e.Text4->text(), QString());
+    EXPECT_EQ(e.Combo1->Text(), QStringLiteral("003 - Ingeniería"));
+    EXPECT_FALSE(e.lblWarning->isHidden());
+    e.Command1_Click();                                  // refused: no school number
+    EXPECT_EQ(Cuenta("[Solicitudes General]"), 0);
+
+    // Choosing the school already shown puts its number back.
+    EligeEnLaLista(*e.Combo1, 1);
+    EXPECT_EQ(e.Text4->text(), QStringLiteral("3"));
+    // Likewise the library: "12" is none, and choosing Central again brings back its number and schools.
+    Teclea(e.Text5, QStringLiteral("2"));
+    EXPECT_EQ(e.Text5->text(), QString());
+    EXPECT_EQ(e.Combo2->Text(), QStringLiteral("001 - Central"));
+    EligeEnLaLista(*e.Combo2, 0);
+    EXPECT_EQ(e.Text5->text(), QStringLiteral("1"));
+    EXPECT_EQ(e.Text4->text(), QStringLiteral("4"));     // the library's first school again
+    EligeEnLaLista(*e.Combo1, 1);
+    EXPECT_EQ(e.Text4->text(), QStringLiteral("3"));
+
+    // Another library by its list, then its school typed: one click each, the pair always agreeing.
+    EligeEnLaLista(*e.Combo2, 1);
+    EXPECT_EQ(e.Text5->text(), QStringLiteral("2"));
+    EXPECT_EQ(e.Combo1->Text(), QStringLiteral("005 - Medicina"));
+    EXPECT_EQ(e.Text4->text(), QStringLiteral("5"));
+    e.Text4->selectAll();
+    Teclea(e.Text4, QStringLiteral("05"));                // "0" is the head of "005", "05" is Medicina's number
+    EXPECT_EQ(e.Text4->text(), QStringLiteral("05"));
+    EXPECT_EQ(e.Combo1->ListIndex(), 0);
+
+    const int cajas = static_cast<int>(sistema->cajas.size());
+    e.Command1_Click();
+    EXPECT_EQ(static_cast<int>(sistema->cajas.size()), cajas);
+    EXPECT_EQ(Valor("SELECT NoEscuela & '|' & NoBiblioteca FROM [Solicitudes General]"), QStringLiteral("5|2"));
+}
+
+TEST_F(PruebaSolicitudes, SolicitanteLimitadoASuColumnaYTabulacionEnOrdenDePantalla) {
+    globales::NavModo = 0;
+    Sol_Edi e;
+    e.Form_Load();
+    EXPECT_EQ(e.Text3->maxLength(), 100);                // Solicitante TEXT(100)
+    Teclea(e.Text3, QString(120, u'n'));
+    EXPECT_EQ(e.Text3->text().size(), 100);
+    e.Text5->setText(QStringLiteral("2"));
+    e.Command1_Click();
+    EXPECT_TRUE(sistema->cajas.empty());
+    EXPECT_EQ(Valor("SELECT Len(Solicitante) FROM [Solicitudes General]"), QStringLiteral("100"));
+
+    const QList<QWidget*> orden{e.Text2, e.Text3, e.Text5, e.Combo2, e.Command4, e.Text4, e.Combo1, e.Command2,
+                                e.txtIdFinanciamiento, e.cboFinanciamiento, e.Command1, e.Command3};
+    EXPECT_EQ(OrdenDeFoco(orden), orden);
+}
+
 }  // namespace

@@ -213,4 +213,57 @@ TEST_F(PruebaTitulos, ModificarConservaElEstadoYDaSolicitadoAlVacio) {
     EXPECT_EQ(Valor("SELECT Estado FROM [Solicitudes Libros] WHERE ClaveLibro=21"), QStringLiteral("S"));
 }
 
+TEST_F(PruebaTitulos, EstadoDeUnTituloNuevoEsElQueDejoElUltimoModificado) {
+    Form2 f;
+    f.Form_Load();
+    QString etiqueta;
+    sistema->AlMostrar(QStringLiteral("Sol_Libros"), [&](QDialog& d) { etiqueta = static_cast<Sol_Libros&>(d).LblEstadoLibro->text(); });
+    f.Command1_Click();
+    EXPECT_EQ(etiqueta, QStringLiteral("Solicitado"));   // nothing modified yet
+
+    f.ListView1->ListItems()(1).setSelected(true);      // "Cálculo", ordered
+    f.Command2_Click();
+    EXPECT_EQ(etiqueta, QStringLiteral("Pedido"));
+    sistema->AlMostrar(QStringLiteral("Sol_Libros"), [&](QDialog& d) {
+        auto& s = static_cast<Sol_Libros&>(d);
+        etiqueta = s.LblEstadoLibro->text();
+        s.Text3->setText(QStringLiteral("Mecánica"));
+        s.Text5->setText(QStringLiteral("1"));
+        s.Command1_Click();
+    });
+    f.Command1_Click();
+    EXPECT_EQ(etiqueta, QStringLiteral("Pedido"));
+    // The label is only what the screen shows: the new title is saved as requested.
+    EXPECT_EQ(Valor("SELECT Estado FROM [Solicitudes Libros] WHERE Titulo='Mecánica'"), QStringLiteral("S"));
+
+    sistema->AlMostrar(QStringLiteral("Sol_Libros"), [&](QDialog& d) { etiqueta = static_cast<Sol_Libros&>(d).LblEstadoLibro->text(); });
+    f.ListView1->ListItems()(2).setSelected(true);      // "Física", no state
+    f.Command2_Click();
+    f.Command1_Click();
+    EXPECT_EQ(etiqueta, QStringLiteral("Solicitado"));
+}
+
+TEST_F(PruebaTitulos, CamposDelTituloLimitadosALaColumnaYEnOrdenDeTabulacion) {
+    Form2 f;
+    f.Form_Load();
+    sistema->AlMostrar(QStringLiteral("Sol_Libros"), [&](QDialog& d) {
+        auto& s = static_cast<Sol_Libros&>(d);
+        EXPECT_EQ(s.Text3->maxLength(), 100);
+        EXPECT_EQ(s.Text4->maxLength(), 100);
+        EXPECT_EQ(s.TxtISBN->maxLength(), 20);
+        Teclea(s.Text3, QString(130, u't'));
+        Teclea(s.Text4, QString(101, u'a'));
+        Teclea(s.TxtISBN, QStringLiteral("978-0-00-000000-0-extra"));
+        s.Text5->setText(QStringLiteral("1"));
+        s.Command1_Click();
+        const QList<QWidget*> orden{s.Text3, s.Text4, s.Text1, s.Text2, s.Combo1, s.Command2, s.Text5, s.TxtISBN,
+                                    s.Command1, s.Command3};
+        EXPECT_EQ(OrdenDeFoco(orden), orden);
+    });
+    f.Command1_Click();
+    EXPECT_TRUE(sistema->cajas.empty());                 // the longest text the field takes fits its column
+    EXPECT_EQ(Valor("SELECT Len(Titulo) & '|' & Len(Autor) & '|' & ISBN FROM [Solicitudes Libros] WHERE ClaveLibro > 21"),
+              QStringLiteral("100|100|978-0-00-000000-0-ex"));
+}
+
 }  // namespace
