@@ -178,6 +178,8 @@ void Listado::Combo1_Click() {
     if (donaciones || envios) {
         Option1[1]->setChecked(true);
         Option1[0]->setChecked(false);
+        // Forced as though clicked: the libraries' frame comes up and a list of schools chosen before goes.
+        Option1_Click(1);
         Option1[0]->setEnabled(false);
         List1[0]->setEnabled(!envios);
         List1[1]->setEnabled(!envios);

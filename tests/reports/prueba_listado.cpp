@@ -7,6 +7,7 @@
 #include "core/FormPrincipal.h"
 #include "core/controles/ComboBox.h"
 
+#include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
@@ -156,18 +157,37 @@ TEST_F(PruebaListado, CargaLasListasLosTiposYLasFuentes) {
 
 TEST_F(PruebaListado, ElTipoDeReporteFijaLugarYListas) {
     Listado& l = Abre();
+    // The frame on screen is the list the report filters by.
+    const auto muestraBibliotecas = [&l] { return !l.Frame1[0]->isHidden() && l.Frame1[1]->isHidden(); };
+    const auto muestraEscuelas = [&l] { return l.Frame1[0]->isHidden() && !l.Frame1[1]->isHidden(); };
+    EXPECT_TRUE(muestraBibliotecas());
+    l.Option1[0]->click();
+    EXPECT_TRUE(muestraEscuelas());
+    l.Option1[1]->click();
+    EXPECT_TRUE(muestraBibliotecas());
+
+    // Donations and shipments force "Por Biblioteca" as a click would: the schools chosen before leave the screen.
+    for (const QString& tipo : {QStringLiteral("Donaciones"), QStringLiteral("Envíos")}) {
+        SCOPED_TRACE(tipo.toStdString());
+        l.Combo1->setText(QStringLiteral("Solicitados"));
+        l.Option1[0]->click();
+        ASSERT_TRUE(muestraEscuelas());
+        l.Combo1->setText(tipo);
+        EXPECT_TRUE(l.Option1[1]->isChecked());
+        EXPECT_FALSE(l.Option1[0]->isChecked());
+        EXPECT_FALSE(l.Option1[0]->isEnabled());
+        EXPECT_TRUE(muestraBibliotecas());
+    }
     l.Combo1->setText(QStringLiteral("Donaciones"));
-    EXPECT_TRUE(l.Option1[1]->isChecked());
-    EXPECT_FALSE(l.Option1[0]->isEnabled());
     EXPECT_TRUE(l.List1[0]->isEnabled());
     l.Combo1->setText(QStringLiteral("Envíos"));
-    EXPECT_FALSE(l.Option1[0]->isEnabled());
     EXPECT_FALSE(l.List1[0]->isEnabled());
     EXPECT_FALSE(l.List1[1]->isEnabled());
     l.Combo1->setText(QStringLiteral("Pedidos"));
     EXPECT_TRUE(l.Option1[0]->isEnabled());
     EXPECT_TRUE(l.List1[0]->isEnabled());
     EXPECT_TRUE(l.List1[1]->isEnabled());
+    EXPECT_TRUE(muestraBibliotecas());
 
     l.List1[0]->clearSelection();
     l.List1_DblClick(0);
