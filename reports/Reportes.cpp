@@ -84,7 +84,7 @@ QString xml_in(const globales::ConsultaDatos& consulta, const QString& hoja, con
             bool soloCuentas = soloResumen;
             if (!soloCuentas && cuenta > LimiteReporte) {
                 const int r = ui::Sistema().MsgBox(
-                    QStringLiteral("El reporte solicitado incluirá demasiados títulos,\n"
+                    QStringLiteral("El reporte solicitado incluirá demasiados títulos,\r\n"
                                    "¿desea ver solo el resumen de la consulta?"),
                     ui::vbYesNo + ui::vbExclamation, QStringLiteral("Demasiada información para generar reporte"));
                 soloCuentas = r == ui::vbYes;
@@ -189,7 +189,7 @@ QString Htm_gen(const QString& xml, ui::VistaHtml& navegador, const QString& hoj
         navegador.DocumentClose();
         return html;
     } catch (const vb::Error& e) {
-        ui::Sistema().MsgBox(QStringLiteral("Ocurrió el error: %1\n [%2] ").arg(e.Number()).arg(e.Description()),
+        ui::Sistema().MsgBox(QStringLiteral("Ocurrió el error: %1\r\n [%2] ").arg(e.Number()).arg(e.Description()),
                              ui::vbCritical, QStringLiteral("Mod Htm_gen"));
     }
     return QString();

@@ -173,7 +173,7 @@ TEST_F(Reportes, MasDeQuinientosPreguntaPorElResumen) {
     EXPECT_FALSE(vacio);
     EXPECT_EQ(resumen, QStringLiteral("<TR><TD>7 títulos y 501 ejemplares</TD></TR>"));
     ASSERT_EQ(sistema->cajas.size(), 1u);
-    EXPECT_EQ(sistema->cajas[0].texto, QStringLiteral("El reporte solicitado incluirá demasiados títulos,\n"
+    EXPECT_EQ(sistema->cajas[0].texto, QStringLiteral("El reporte solicitado incluirá demasiados títulos,\r\n"
                                                       "¿desea ver solo el resumen de la consulta?"));
     EXPECT_EQ(sistema->cajas[0].titulo, QStringLiteral("Demasiada información para generar reporte"));
     EXPECT_EQ(sistema->cajas[0].flags, ui::vbYesNo + ui::vbExclamation);
@@ -250,7 +250,9 @@ TEST_F(Reportes, FallasDeLaTransformacion) {
     for (const auto& caja : sistema->cajas) {
         EXPECT_EQ(caja.titulo, QStringLiteral("Mod Htm_gen"));
         EXPECT_EQ(caja.flags, ui::vbCritical);
-        EXPECT_TRUE(caja.texto.startsWith(u"Ocurrió el error: ") && caja.texto.contains(u"\n ["));
+        // The number, CR LF, and the description between brackets and blanks.
+        static const QRegularExpression forma(QStringLiteral("^Ocurrió el error: -?\\d+\r\n \\[[^\r\n]+\\] $"));
+        EXPECT_TRUE(forma.match(caja.texto).hasMatch()) << caja.texto.toStdString();
     }
 }
 
