@@ -20,10 +20,10 @@
   <xsl:template name="estilo">
     <xsl:param name="letra" select="'8pt'"/>
     <style type="text/css">
-body { margin: 8px; font-family: "DejaVu Sans", Tahoma, Verdana, Arial, sans-serif; font-size: 9pt; color: #000; background: #fff; }
+body { font-family: "DejaVu Sans", Tahoma, Verdana, Arial, sans-serif; font-size: 9pt; color: #000; background: #fff; }
 h3 { font-size: 12pt; margin: 4px 0; }
 h4 { font-size: 10pt; margin: 10px 0 4px 0; }
-p.datos { margin: 0 0 6px 0; }
+p.datos { margin: 0 0 2px 0; }
 table { border-collapse: collapse; font-size: <xsl:value-of select="$letra"/>; }
 th, td { border: 1px solid #808080; padding: 2px 4px; vertical-align: top; text-align: left; }
 th { background: #e0e0e0; }
@@ -40,10 +40,10 @@ p.totales { font-weight: bold; margin: 6px 0; }
     <xsl:param name="raiz" select="/*"/>
     <xsl:param name="periodo" select="true()"/>
     <h3><xsl:value-of select="$titulo"/></h3>
-    <p class="datos">
-      <xsl:if test="$periodo">Periodo: del <xsl:value-of select="$raiz/@fechaInicial"/> al <xsl:value-of select="$raiz/@fechaFinal"/>. </xsl:if>
-      <xsl:text>Fecha del reporte: </xsl:text><xsl:value-of select="$raiz/@fechaReporte"/>
-    </p>
+    <xsl:if test="$periodo">
+      <p class="datos">Periodo: del <xsl:value-of select="$raiz/@fechaInicial"/> al <xsl:value-of select="$raiz/@fechaFinal"/>.</p>
+    </xsl:if>
+    <p class="datos">Fecha del reporte: <xsl:value-of select="$raiz/@fechaReporte"/></p>
   </xsl:template>
 
   <!-- The value of the record's column named so, in any case. -->
