@@ -29,7 +29,13 @@
               <xsl:for-each select=". | following-sibling::*[position() &lt; $filas]">
                 <tr>
                   <td class="num" width="13%"><xsl:value-of select="Solicitud"/></td>
-                  <td width="73%"><xsl:call-template name="obra"/></td>
+                  <td width="73%"><xsl:call-template name="obra">
+                    <xsl:with-param name="titulo" select="Titulo"/>
+                    <xsl:with-param name="autor" select="Autor"/>
+                    <xsl:with-param name="editorial" select="Editorial"/>
+                    <xsl:with-param name="edicion" select="Edicion"/>
+                    <xsl:with-param name="isbn" select="ISBN"/>
+                  </xsl:call-template></td>
                   <td class="num" width="14%"><xsl:value-of select="EjemplaresPedidos"/></td>
                 </tr>
               </xsl:for-each>
