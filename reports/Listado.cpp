@@ -63,7 +63,16 @@ Listado::Listado(QWidget* padre) : QDialog(padre) {
     Command5 = new QPushButton(QStringLiteral("&Regresar"), this);
     WebBrowser1 = ui::Sistema().CreaVistaHtml(this);
 
-    auto* datos = new QGridLayout;
+    // The choices keep to a column of their own, so that the page beside them has the width of a report.
+    auto* panel = new QWidget(this);
+    panel->setMaximumWidth(400);
+    // The long first item of the sources must not push the labels out of the column.
+    for (QComboBox* c : {static_cast<QComboBox*>(Combo1), static_cast<QComboBox*>(cboFinanciamiento)}) {
+        c->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+        c->setMinimumContentsLength(16);
+    }
+    auto* datos = new QGridLayout(panel);
+    datos->setContentsMargins(0, 0, 0, 0);
     datos->addWidget(new QLabel(QStringLiteral("Tipo de reporte:"), this), 0, 0);
     datos->addWidget(Combo1, 0, 1, 1, 3);
     datos->addWidget(new QLabel(QStringLiteral("Inicial"), this), 1, 0);
@@ -80,11 +89,11 @@ Listado::Listado(QWidget* padre) : QDialog(padre) {
     for (QPushButton* b : {Command1, Command2, Command3, Command4, Command5}) botones->addWidget(b);
     auto* todo = new QVBoxLayout(this);
     auto* arriba = new QHBoxLayout;
-    arriba->addLayout(datos);
+    arriba->addWidget(panel);
     if (WebBrowser1 && WebBrowser1->widget()) arriba->addWidget(WebBrowser1->widget(), 1);
     todo->addLayout(arriba, 1);
     todo->addLayout(botones);
-    resize(900, 560);
+    resize(1200, 720);
 
     const QString origen = QStringLiteral("Listado");
     ui::Conecta(Command1, &QPushButton::clicked, this, origen, &Listado::Command1_Click);
@@ -178,6 +187,8 @@ void Listado::Combo1_Click() {
     if (donaciones || envios) {
         Option1[1]->setChecked(true);
         Option1[0]->setChecked(false);
+        // Forced as though clicked: the libraries' frame comes up and a list of schools chosen before goes.
+        Option1_Click(1);
         Option1[0]->setEnabled(false);
         List1[0]->setEnabled(!envios);
         List1[1]->setEnabled(!envios);

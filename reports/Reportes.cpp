@@ -14,6 +14,7 @@
 #include <libxml/tree.h>
 #include <libxslt/transform.h>
 #include <libxslt/xsltInternals.h>
+#include <libxslt/documents.h>
 #include <libxslt/xsltutils.h>
 
 #include <memory>
@@ -60,6 +61,95 @@ long CuentaDistintos(const globales::ConsultaDatos& c, const QString& campo) {
 
 QString Numero(double n) { return QString::number(static_cast<long long>(n)); }
 
+// The names a report shows for the numbers its document holds. The style sheets read them as the document
+// at this address (document()); the report document itself stays as the query made it.
+constexpr const char* DireccionNombres = "urn:korvel8:adquisiciones:nombres";
+
+// <nombres> with one element per library and school, named by its kind and keyed by its number (publishers
+// and institutions come named by the queries themselves), and one <solicitud> per request that the document names in a "Solicitud"
+// column, with its date, requester, school and library.
+Doc DocumentoNombres(xmlDoc* documento) {
+    Doc nombres(xmlNewDoc(BAD_CAST "1.0"));
+    xmlNode* raiz = xmlNewDocNode(nombres.get(), nullptr, BAD_CAST "nombres", nullptr);
+    xmlDocSetRootElement(nombres.get(), raiz);
+    if (!globales::BaseDatos) return nombres;
+    const auto agrega = [raiz](const char* tipo, const QString& sql) {
+        auto rs = globales::Base().OpenRecordset(sql);
+        for (; !rs->Eof(); rs->MoveNext()) {
+            const vb::Variant n = rs->Fields(0).Value();
+            if (n.isNull()) continue;
+            xmlNode* e = xmlNewTextChild(raiz, nullptr, BAD_CAST tipo, X(rs->Fields(1).Value().text().toUtf8()));
+            xmlNewProp(e, BAD_CAST "n", X(n.text().toUtf8()));
+        }
+        rs->Close();
+    };
+    // A catalog another module hasn't created yet only leaves its numbers unnamed.
+    const auto intenta = [&agrega](const char* tipo, const QString& sql) {
+        try {
+            agrega(tipo, sql);
+        } catch (const vb::Error&) {
+        }
+    };
+    intenta("biblioteca", QStringLiteral("SELECT [No], Nombre FROM Bibliotecas"));
+    intenta("escuela", QStringLiteral("SELECT [No], Nombre FROM Escuelas"));
+
+    // The requests of an order.
+    QStringList solicitudes;
+    const xmlNode* r = xmlDocGetRootElement(documento);
+    for (const xmlNode* libro = r ? r->children : nullptr; libro; libro = libro->next)
+        for (const xmlNode* c = libro->children; c; c = c->next) {
+            if (c->type != XML_ELEMENT_NODE || xmlStrcasecmp(c->name, BAD_CAST "Solicitud") != 0) continue;
+            xmlChar* t = xmlNodeGetContent(c);
+            bool ok = false;
+            const long n = QString::fromUtf8(reinterpret_cast<const char*>(t)).trimmed().toLong(&ok);
+            xmlFree(t);
+            if (ok && !solicitudes.contains(QString::number(n))) solicitudes << QString::number(n);
+        }
+    if (solicitudes.isEmpty()) return nombres;
+    try {
+        auto rs = globales::Base().OpenRecordset(
+            QStringLiteral("SELECT NoSolicitud, Fecha, Solicitante, NoEscuela, NoBiblioteca FROM [Solicitudes General] "
+                           "WHERE NoSolicitud IN (") + solicitudes.join(u',') + QStringLiteral(") ORDER BY NoSolicitud"));
+        for (; !rs->Eof(); rs->MoveNext()) {
+            xmlNode* e = xmlNewChild(raiz, nullptr, BAD_CAST "solicitud", nullptr);
+            const char* atributos[] = {"n", "fecha", "solicitante", "escuela", "biblioteca"};
+            for (int i = 0; i < 5; ++i)
+                xmlNewProp(e, BAD_CAST atributos[i], X(rs->Fields(i).Value().text().toUtf8()));
+        }
+        rs->Close();
+    } catch (const vb::Error&) {
+    }
+    return nombres;
+}
+
+// While a report is transformed, its style sheet's document() at DireccionNombres gets a copy of the names;
+// every other address loads as always.
+thread_local xmlDoc* nombresEnCurso = nullptr;
+// libxslt's own loader, kept before ours takes its place (the library's variable then names ours).
+xsltDocLoaderFunc cargadorLibreria = nullptr;
+
+xmlDocPtr CargaDocumento(const xmlChar* uri, xmlDictPtr dict, int opciones, void* ctxt, xsltLoadType tipo) {
+    if (tipo == XSLT_LOAD_DOCUMENT && nombresEnCurso && xmlStrEqual(uri, BAD_CAST DireccionNombres))
+        return xmlCopyDoc(nombresEnCurso, 1);
+    return cargadorLibreria(uri, dict, opciones, ctxt, tipo);
+}
+
+class ConNombres {
+public:
+    explicit ConNombres(xmlDoc* nombres) {
+        nombresEnCurso = nombres;
+        xsltSetLoaderFunc(nullptr);
+        cargadorLibreria = xsltDocDefaultLoader;
+        xsltSetLoaderFunc(CargaDocumento);
+    }
+    ~ConNombres() {
+        xsltSetLoaderFunc(nullptr);
+        nombresEnCurso = nullptr;
+    }
+    ConNombres(const ConNombres&) = delete;
+    ConNombres& operator=(const ConNombres&) = delete;
+};
+
 }  // namespace
 
 QString xml_in(const globales::ConsultaDatos& consulta, const QString& hoja, const QString& raiz,
@@ -84,7 +174,7 @@ QString xml_in(const globales::ConsultaDatos& consulta, const QString& hoja, con
             bool soloCuentas = soloResumen;
             if (!soloCuentas && cuenta > LimiteReporte) {
                 const int r = ui::Sistema().MsgBox(
-                    QStringLiteral("El reporte solicitado incluirá demasiados títulos,\n"
+                    QStringLiteral("El reporte solicitado incluirá demasiados títulos,\r\n"
                                    "¿desea ver solo el resumen de la consulta?"),
                     ui::vbYesNo + ui::vbExclamation, QStringLiteral("Demasiada información para generar reporte"));
                 soloCuentas = r == ui::vbYes;
@@ -169,7 +259,12 @@ QString Htm_gen(const QString& xml, ui::VistaHtml& navegador, const QString& hoj
         navegador.Navigate(QStringLiteral("about:blank"));
         QCoreApplication::processEvents();
 
-        Doc resultado(xsltApplyStylesheet(estilo.get(), documento.get(), nullptr));
+        const Doc nombres = DocumentoNombres(documento.get());
+        Doc resultado;
+        {
+            const ConNombres conNombres(nombres.get());
+            resultado.reset(xsltApplyStylesheet(estilo.get(), documento.get(), nullptr));
+        }
         if (!resultado) ErrorXml(QStringLiteral("no se pudo transformar el documento"));
         xmlChar* texto = nullptr;
         int largo = 0;
@@ -189,7 +284,7 @@ QString Htm_gen(const QString& xml, ui::VistaHtml& navegador, const QString& hoj
         navegador.DocumentClose();
         return html;
     } catch (const vb::Error& e) {
-        ui::Sistema().MsgBox(QStringLiteral("Ocurrió el error: %1\n [%2] ").arg(e.Number()).arg(e.Description()),
+        ui::Sistema().MsgBox(QStringLiteral("Ocurrió el error: %1\r\n [%2] ").arg(e.Number()).arg(e.Description()),
                              ui::vbCritical, QStringLiteral("Mod Htm_gen"));
     }
     return QString();

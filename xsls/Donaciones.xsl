@@ -1,31 +1,17 @@
 <?xml version="1.0" encoding="UTF-8"?>
 <!-- KORVEL 8 Adquisiciones: material recibido como donación -->
 <xsl:stylesheet version="1.0" xmlns:xsl="http://www.w3.org/1999/XSL/Transform">
+  <xsl:include href="comun.xsl"/>
   <xsl:output method="html" encoding="UTF-8" indent="yes"/>
-  <!-- Column names are compared without regard to case: the query decides how they are written. -->
-  <xsl:variable name="may" select="'ABCDEFGHIJKLMNOPQRSTUVWXYZ'"/>
-  <xsl:variable name="min" select="'abcdefghijklmnopqrstuvwxyz'"/>
 
   <xsl:template match="/">
     <html>
       <head>
         <title>Reporte de material recibido como donación</title>
-        <style type="text/css">
-body { margin: 8px; font-family: Tahoma, Verdana, Arial, sans-serif; font-size: 9pt; color: #000; background: #fff; }
-h3 { font-size: 12pt; margin: 4px 0; }
-h4 { font-size: 10pt; margin: 10px 0 4px 0; }
-p.periodo { margin: 0 0 6px 0; }
-table { border-collapse: collapse; width: 100%; font-size: 8pt; }
-th, td { border: 1px solid #808080; padding: 2px 4px; vertical-align: top; text-align: left; }
-th { background: #e0e0e0; }
-td.num { text-align: right; }
-p.totales { font-weight: bold; margin: 6px 0; }
-        </style>
+        <xsl:call-template name="estilo"><xsl:with-param name="letra" select="'8pt'"/></xsl:call-template>
       </head>
       <body>
-        <h3>Reporte de material recibido como donación</h3>
-        <p class="periodo">Periodo: del <xsl:value-of select="/*/@fechaInicial"/> al <xsl:value-of select="/*/@fechaFinal"/>.
-          Fecha del reporte: <xsl:value-of select="/*/@fechaReporte"/></p>
+        <xsl:call-template name="encabezado"><xsl:with-param name="titulo" select="'Reporte de material recibido como donación'"/></xsl:call-template>
         <xsl:for-each select="/*">
           <xsl:call-template name="tabla"/>
           <xsl:call-template name="totales"/>
@@ -36,29 +22,25 @@ p.totales { font-weight: bold; margin: 6px 0; }
 
   <!-- The records of one report: a header row, one row each, and a notice when there are none. -->
   <xsl:template name="tabla">
-    <table>
-      <tr><th>No. adquisición</th><th>Biblioteca</th><th>Institución</th><th>Título</th><th>Autor</th><th>Ejemplares</th><th>Editorial</th><th>Edición</th><th>Fecha</th></tr>
+    <table width="100%">
+      <tr><th>No. adquisición</th><th>Título, autor, editorial, edición</th><th>Ejemplares</th><th>Institución donante</th><th>Biblioteca</th><th>Fecha</th></tr>
       <xsl:for-each select="*">
         <tr>
-          <td><xsl:value-of select="*[translate(local-name(), $may, $min) = 'noadquisicion']"/></td>
-          <td class="num"><xsl:value-of select="*[translate(local-name(), $may, $min) = 'nobiblioteca']"/></td>
-          <td><xsl:value-of select="*[translate(local-name(), $may, $min) = 'nombre']"/></td>
-          <td><xsl:value-of select="*[translate(local-name(), $may, $min) = 'titulo']"/></td>
-          <td><xsl:value-of select="*[translate(local-name(), $may, $min) = 'autor']"/></td>
-          <td class="num"><xsl:value-of select="*[translate(local-name(), $may, $min) = 'ejemplares']"/></td>
-          <td><xsl:value-of select="*[translate(local-name(), $may, $min) = 'noeditorial']"/></td>
-          <td class="num"><xsl:value-of select="*[translate(local-name(), $may, $min) = 'edicion']"/></td>
-          <td><xsl:value-of select="*[translate(local-name(), $may, $min) = 'fecha']"/></td>
+          <td class="dato" width="14%"><xsl:value-of select="*[translate(local-name(), $may, $min) = 'noadquisicion']"/></td>
+          <td width="30%"><xsl:call-template name="obra"/></td>
+          <td class="num" width="13%"><xsl:value-of select="*[translate(local-name(), $may, $min) = 'ejemplares']"/></td>
+          <td width="16%"><xsl:value-of select="*[translate(local-name(), $may, $min) = 'nombre']"/></td>
+          <td width="14%"><xsl:call-template name="nombreDe"><xsl:with-param name="tipo" select="'biblioteca'"/><xsl:with-param name="columna" select="'nobiblioteca'"/></xsl:call-template></td>
+          <td class="dato" width="13%"><xsl:call-template name="fecha"><xsl:with-param name="valor" select="*[translate(local-name(), $may, $min) = 'fecha']"/></xsl:call-template></td>
         </tr>
       </xsl:for-each>
       <xsl:if test="not(*)">
-        <tr><td colspan="9">No hay material en este periodo.</td></tr>
+        <tr><td colspan="6">No hay material en este periodo.</td></tr>
       </xsl:if>
     </table>
   </xsl:template>
 
   <xsl:template name="totales">
-    <p class="totales">Registros: <xsl:value-of select="@Registros"/>
-      <xsl:if test="@NumTitulos">. Títulos: <xsl:value-of select="@NumTitulos"/></xsl:if></p>
+    <p class="totales">Ejemplares recibidos (números de adquisición): <xsl:value-of select="count(*)"/><xsl:if test="@NumTitulos">. Títulos: <xsl:value-of select="@NumTitulos"/></xsl:if></p>
   </xsl:template>
 </xsl:stylesheet>

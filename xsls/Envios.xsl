@@ -1,32 +1,21 @@
 <?xml version="1.0" encoding="UTF-8"?>
 <!-- KORVEL 8 Adquisiciones: material enviado (adquisiciones y donaciones) -->
 <xsl:stylesheet version="1.0" xmlns:xsl="http://www.w3.org/1999/XSL/Transform">
+  <xsl:include href="comun.xsl"/>
   <xsl:output method="html" encoding="UTF-8" indent="yes"/>
-  <!-- Column names are compared without regard to case: the query decides how they are written. -->
-  <xsl:variable name="may" select="'ABCDEFGHIJKLMNOPQRSTUVWXYZ'"/>
-  <xsl:variable name="min" select="'abcdefghijklmnopqrstuvwxyz'"/>
 
   <xsl:template match="/">
     <html>
       <head>
         <title>Reporte de material enviado</title>
-        <style type="text/css">
-body { margin: 8px; font-family: Tahoma, Verdana, Arial, sans-serif; font-size: 9pt; color: #000; background: #fff; }
-h3 { font-size: 12pt; margin: 4px 0; }
-h4 { font-size: 10pt; margin: 10px 0 4px 0; }
-p.periodo { margin: 0 0 6px 0; }
-table { border-collapse: collapse; width: 100%; font-size: 8pt; }
-th, td { border: 1px solid #808080; padding: 2px 4px; vertical-align: top; text-align: left; }
-th { background: #e0e0e0; }
-td.num { text-align: right; }
-p.totales { font-weight: bold; margin: 6px 0; }
-        </style>
+        <xsl:call-template name="estilo"/>
       </head>
       <body>
-        <h3>Reporte de material enviado</h3>
         <xsl:variable name="partes" select="descendant-or-self::*[local-name() = 'AReporte' or local-name() = 'DReporte']"/>
-        <p class="periodo">Periodo: del <xsl:value-of select="$partes[1]/@fechaInicial"/> al <xsl:value-of select="$partes[1]/@fechaFinal"/>.
-          Fecha del reporte: <xsl:value-of select="$partes[1]/@fechaReporte"/></p>
+        <xsl:call-template name="encabezado">
+          <xsl:with-param name="titulo" select="'Reporte de material enviado'"/>
+          <xsl:with-param name="raiz" select="$partes[1]"/>
+        </xsl:call-template>
         <xsl:for-each select="$partes">
           <h4>
             <xsl:choose>
@@ -41,16 +30,16 @@ p.totales { font-weight: bold; margin: 6px 0; }
     </html>
   </xsl:template>
 
-  <!-- The records of one report: a header row, one row each, and a notice when there are none. -->
+  <!-- The records of one part: a header row, one row each, and a notice when there are none. -->
   <xsl:template name="tabla">
-    <table>
-      <tr><th>Título</th><th>Autor</th><th>No. adquisición</th><th>Biblioteca</th></tr>
+    <table width="100%">
+      <tr><th>Biblioteca</th><th>No. adquisición</th><th>Título</th><th>Autor</th></tr>
       <xsl:for-each select="*">
         <tr>
-          <td><xsl:value-of select="*[translate(local-name(), $may, $min) = 'titulo']"/></td>
-          <td><xsl:value-of select="*[translate(local-name(), $may, $min) = 'autor']"/></td>
-          <td><xsl:value-of select="*[translate(local-name(), $may, $min) = 'noadquisicion']"/></td>
-          <td class="num"><xsl:value-of select="*[translate(local-name(), $may, $min) = 'nobiblioteca']"/></td>
+          <td width="20%"><xsl:call-template name="nombreDe"><xsl:with-param name="tipo" select="'biblioteca'"/><xsl:with-param name="columna" select="'nobiblioteca'"/></xsl:call-template></td>
+          <td class="dato" width="12%"><xsl:call-template name="columna"><xsl:with-param name="nombre" select="'noadquisicion'"/></xsl:call-template></td>
+          <td width="43%"><xsl:call-template name="columna"><xsl:with-param name="nombre" select="'titulo'"/></xsl:call-template></td>
+          <td width="25%"><xsl:call-template name="columna"><xsl:with-param name="nombre" select="'autor'"/></xsl:call-template></td>
         </tr>
       </xsl:for-each>
       <xsl:if test="not(*)">
@@ -60,7 +49,7 @@ p.totales { font-weight: bold; margin: 6px 0; }
   </xsl:template>
 
   <xsl:template name="totales">
-    <p class="totales">Ejemplares enviados: <xsl:value-of select="@Registros"/>
+    <p class="totales">Ejemplares enviados: <xsl:value-of select="count(*)"/>
       <xsl:if test="@NumTitulos">. Títulos: <xsl:value-of select="@NumTitulos"/></xsl:if></p>
   </xsl:template>
 </xsl:stylesheet>

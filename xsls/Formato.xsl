@@ -1,52 +1,78 @@
 <?xml version="1.0" encoding="UTF-8"?>
 <!-- KORVEL 8 Adquisiciones: pedido de material bibliográfico -->
 <xsl:stylesheet version="1.0" xmlns:xsl="http://www.w3.org/1999/XSL/Transform">
+  <xsl:include href="comun.xsl"/>
   <xsl:output method="html" encoding="UTF-8" indent="yes"/>
   <!-- An order may hold thousands of titles: the rows go in tables of this many, so that the view lays out
-       the first screenful at once, and the borders are the tables' own rather than a style on every cell. -->
+       the first screenful at once. Every table gives its columns the same shares of the width, so that they
+       line up from one to the next. -->
   <xsl:variable name="filas" select="100"/>
 
   <xsl:template match="/">
     <html>
       <head>
         <title>Pedido de material bibliográfico</title>
-        <style type="text/css">body { font-family: Tahoma, Verdana, Arial, sans-serif; font-size: 9pt; }</style>
+        <xsl:call-template name="estilo"/>
       </head>
       <body>
-        <h3>Pedido de material bibliográfico</h3>
-        <p>Periodo: del <xsl:value-of select="/*/@fechaInicial"/> al <xsl:value-of select="/*/@fechaFinal"/>.
-          Fecha del reporte: <xsl:value-of select="/*/@fechaReporte"/></p>
+        <xsl:call-template name="encabezado">
+          <xsl:with-param name="titulo" select="'Pedido de material bibliográfico'"/>
+          <xsl:with-param name="periodo" select="false()"/>
+        </xsl:call-template>
+        <xsl:call-template name="solicitudes"/>
         <xsl:for-each select="/*">
           <xsl:for-each select="*[position() mod $filas = 1]">
-            <table border="1" cellspacing="0" cellpadding="2" width="100%">
+            <table width="100%">
               <xsl:if test="position() = 1">
-                <tr bgcolor="#e0e0e0"><th>Clave</th><th>Solicitud</th><th>Título</th><th>ISBN</th><th>Autor</th><th>Ejemplares</th><th>Editorial</th><th>Edición</th></tr>
+                <tr><th>Solicitud</th><th>Título, autor, editorial, edición, ISBN</th><th>Ejemplares</th></tr>
               </xsl:if>
-              <!-- Elements by name; a column spelled two ways by the schema is asked for both ways. -->
               <xsl:for-each select=". | following-sibling::*[position() &lt; $filas]">
                 <tr>
-                  <td align="right"><xsl:value-of select="ClaveLibro|Clavelibro"/></td>
-                  <td align="right"><xsl:value-of select="Solicitud"/></td>
-                  <td><xsl:value-of select="Titulo"/></td>
-                  <td><xsl:value-of select="ISBN|Isbn"/></td>
-                  <td><xsl:value-of select="Autor"/></td>
-                  <td align="right"><xsl:value-of select="EjemplaresPedidos|Ejemplarespedidos"/></td>
-                  <td><xsl:value-of select="Editorial"/></td>
-                  <td align="right"><xsl:value-of select="Edicion"/></td>
+                  <td class="num" width="13%"><xsl:value-of select="Solicitud"/></td>
+                  <td width="73%"><xsl:call-template name="obra">
+                    <xsl:with-param name="titulo" select="Titulo"/>
+                    <xsl:with-param name="autor" select="Autor"/>
+                    <xsl:with-param name="editorial" select="Editorial"/>
+                    <xsl:with-param name="edicion" select="Edicion"/>
+                    <xsl:with-param name="isbn" select="ISBN"/>
+                  </xsl:call-template></td>
+                  <td class="num" width="14%"><xsl:value-of select="EjemplaresPedidos"/></td>
                 </tr>
               </xsl:for-each>
             </table>
           </xsl:for-each>
           <xsl:if test="not(*)">
-            <table border="1" cellspacing="0" cellpadding="2" width="100%">
-              <tr bgcolor="#e0e0e0"><th>Clave</th><th>Solicitud</th><th>Título</th><th>ISBN</th><th>Autor</th><th>Ejemplares</th><th>Editorial</th><th>Edición</th></tr>
-              <tr><td colspan="8">No hay material en este pedido.</td></tr>
+            <table width="100%">
+              <tr><th>Solicitud</th><th>Título, autor, editorial, edición, ISBN</th><th>Ejemplares</th></tr>
+              <tr><td colspan="3">No hay material en este pedido.</td></tr>
             </table>
           </xsl:if>
-          <p><b>Ejemplares pedidos: <xsl:value-of select="@Registros"/>
-            <xsl:if test="@NumTitulos">. Títulos: <xsl:value-of select="@NumTitulos"/></xsl:if></b></p>
+          <p class="totales">Títulos: <xsl:value-of select="count(*)"/>. Ejemplares pedidos: <xsl:value-of select="sum(*/EjemplaresPedidos[number(.) = number(.)])"/></p>
         </xsl:for-each>
       </body>
     </html>
+  </xsl:template>
+
+  <!-- The requests the order comes from: who asked, for which school and library. -->
+  <xsl:template name="solicitudes">
+    <xsl:if test="$nombres/solicitud">
+      <table>
+        <tr><th>Solicitud</th><th>Fecha</th><th>Solicitante</th><th>Escuela</th><th>Biblioteca</th></tr>
+        <xsl:for-each select="$nombres/solicitud">
+          <tr>
+            <td class="num"><xsl:value-of select="@n"/></td>
+            <td class="dato"><xsl:call-template name="fecha"><xsl:with-param name="valor" select="@fecha"/></xsl:call-template></td>
+            <td><xsl:value-of select="@solicitante"/></td>
+            <td><xsl:call-template name="nombre">
+              <xsl:with-param name="tipo" select="'escuela'"/><xsl:with-param name="numero" select="@escuela"/>
+            </xsl:call-template></td>
+            <td><xsl:call-template name="nombre">
+              <xsl:with-param name="tipo" select="'biblioteca'"/><xsl:with-param name="numero" select="@biblioteca"/>
+            </xsl:call-template></td>
+          </tr>
+        </xsl:for-each>
+      </table>
+      <p/>
+    </xsl:if>
   </xsl:template>
 </xsl:stylesheet>

@@ -1,53 +1,55 @@
 <?xml version="1.0" encoding="UTF-8"?>
 <!-- KORVEL 8 Adquisiciones: reporte general, columnas tomadas del documento -->
 <xsl:stylesheet version="1.0" xmlns:xsl="http://www.w3.org/1999/XSL/Transform">
+  <xsl:include href="comun.xsl"/>
   <xsl:output method="html" encoding="UTF-8" indent="yes"/>
-  <!-- Column names are compared without regard to case: the query decides how they are written. -->
-  <xsl:variable name="may" select="'ABCDEFGHIJKLMNOPQRSTUVWXYZ'"/>
-  <xsl:variable name="min" select="'abcdefghijklmnopqrstuvwxyz'"/>
 
   <xsl:template match="/">
     <html>
       <head>
         <title>Reporte de material</title>
-        <style type="text/css">
-body { margin: 8px; font-family: Tahoma, Verdana, Arial, sans-serif; font-size: 9pt; color: #000; background: #fff; }
-h3 { font-size: 12pt; margin: 4px 0; }
-h4 { font-size: 10pt; margin: 10px 0 4px 0; }
-p.periodo { margin: 0 0 6px 0; }
-table { border-collapse: collapse; width: 100%; font-size: 8pt; }
-th, td { border: 1px solid #808080; padding: 2px 4px; vertical-align: top; text-align: left; }
-th { background: #e0e0e0; }
-td.num { text-align: right; }
-p.totales { font-weight: bold; margin: 6px 0; }
-        </style>
+        <xsl:call-template name="estilo"/>
       </head>
       <body>
-        <h3>Reporte de material</h3>
-        <p class="periodo">Periodo: del <xsl:value-of select="/*/@fechaInicial"/> al <xsl:value-of select="/*/@fechaFinal"/>.
-          Fecha del reporte: <xsl:value-of select="/*/@fechaReporte"/></p>
+        <xsl:call-template name="encabezado"><xsl:with-param name="titulo" select="'Reporte de material'"/></xsl:call-template>
         <xsl:for-each select="/*">
-          <table>
+          <table width="100%">
             <tr>
               <xsl:for-each select="*[1]/*"><th><xsl:value-of select="local-name()"/></th></xsl:for-each>
             </tr>
             <xsl:for-each select="*">
               <tr>
-                <xsl:for-each select="*"><td><xsl:value-of select="."/></td></xsl:for-each>
+                <xsl:for-each select="*"><xsl:apply-templates select="." mode="celda"/></xsl:for-each>
               </tr>
             </xsl:for-each>
             <xsl:if test="not(*)">
               <tr><td>No hay material en este periodo.</td></tr>
             </xsl:if>
           </table>
-          <xsl:call-template name="totales"/>
+          <p class="totales">Registros: <xsl:value-of select="count(*)"/>
+            <xsl:if test="@NumTitulos">. Títulos: <xsl:value-of select="@NumTitulos"/></xsl:if></p>
         </xsl:for-each>
       </body>
     </html>
   </xsl:template>
 
-  <xsl:template name="totales">
-    <p class="totales">Registros: <xsl:value-of select="@Registros"/>
-      <xsl:if test="@NumTitulos">. Títulos: <xsl:value-of select="@NumTitulos"/></xsl:if></p>
+  <!-- A cell by its column: libraries and schools by name, dates and money in the report's forms. -->
+  <xsl:template match="*" mode="celda">
+    <xsl:variable name="c" select="translate(local-name(), $may, $min)"/>
+    <xsl:choose>
+      <xsl:when test="$c = 'nobiblioteca' or $c = 'noescuela'">
+        <td><xsl:call-template name="nombre">
+          <xsl:with-param name="tipo" select="substring-after($c, 'no')"/>
+          <xsl:with-param name="numero" select="."/>
+        </xsl:call-template></td>
+      </xsl:when>
+      <xsl:when test="$c = 'fecha' or starts-with($c, 'fechade')">
+        <td class="dato"><xsl:call-template name="fecha"><xsl:with-param name="valor" select="."/></xsl:call-template></td>
+      </xsl:when>
+      <xsl:when test="$c = 'costo'">
+        <td class="num"><xsl:call-template name="dinero"><xsl:with-param name="valor" select="."/></xsl:call-template></td>
+      </xsl:when>
+      <xsl:otherwise><td><xsl:value-of select="."/></td></xsl:otherwise>
+    </xsl:choose>
   </xsl:template>
 </xsl:stylesheet>

@@ -7,6 +7,7 @@
 #include "core/FormPrincipal.h"
 #include "core/controles/ComboBox.h"
 
+#include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
@@ -52,7 +53,7 @@ protected:
         Libro(5, "Viejo", 5, "S", 4);
         Libro(6, "Comala", 2, "A", 5);
         Ejecuta("UPDATE [Solicitudes Libros] SET [Fecha de Recepcion]=#02/20/2024#, [Ejemplares recibidos]=2, "
-                "Costo=150.5, Factura='F-9' WHERE ClaveLibro=6");
+                "Costo=1234.5, Factura='F-9' WHERE ClaveLibro=6");
         Ejecuta("INSERT INTO [Adquisiciones Numadqui] (NoAdquisicion, ClaveLibro, [Solicitud o donacion]) VALUES ('A-002', 6, 'S')");
         Ejecuta("INSERT INTO [Adquisiciones Numadqui] (NoAdquisicion, ClaveLibro, [Solicitud o donacion]) VALUES ('A-001', 6, 'S')");
         Ejecuta("INSERT INTO [Donaciones General] (NoDonacion, Fecha, NoInstitucion, NoBiblioteca) VALUES (10, #02/11/2024#, 1, 2)");
@@ -156,18 +157,37 @@ TEST_F(PruebaListado, CargaLasListasLosTiposYLasFuentes) {
 
 TEST_F(PruebaListado, ElTipoDeReporteFijaLugarYListas) {
     Listado& l = Abre();
+    // The frame on screen is the list the report filters by.
+    const auto muestraBibliotecas = [&l] { return !l.Frame1[0]->isHidden() && l.Frame1[1]->isHidden(); };
+    const auto muestraEscuelas = [&l] { return l.Frame1[0]->isHidden() && !l.Frame1[1]->isHidden(); };
+    EXPECT_TRUE(muestraBibliotecas());
+    l.Option1[0]->click();
+    EXPECT_TRUE(muestraEscuelas());
+    l.Option1[1]->click();
+    EXPECT_TRUE(muestraBibliotecas());
+
+    // Donations and shipments force "Por Biblioteca" as a click would: the schools chosen before leave the screen.
+    for (const QString& tipo : {QStringLiteral("Donaciones"), QStringLiteral("Envíos")}) {
+        SCOPED_TRACE(tipo.toStdString());
+        l.Combo1->setText(QStringLiteral("Solicitados"));
+        l.Option1[0]->click();
+        ASSERT_TRUE(muestraEscuelas());
+        l.Combo1->setText(tipo);
+        EXPECT_TRUE(l.Option1[1]->isChecked());
+        EXPECT_FALSE(l.Option1[0]->isChecked());
+        EXPECT_FALSE(l.Option1[0]->isEnabled());
+        EXPECT_TRUE(muestraBibliotecas());
+    }
     l.Combo1->setText(QStringLiteral("Donaciones"));
-    EXPECT_TRUE(l.Option1[1]->isChecked());
-    EXPECT_FALSE(l.Option1[0]->isEnabled());
     EXPECT_TRUE(l.List1[0]->isEnabled());
     l.Combo1->setText(QStringLiteral("Envíos"));
-    EXPECT_FALSE(l.Option1[0]->isEnabled());
     EXPECT_FALSE(l.List1[0]->isEnabled());
     EXPECT_FALSE(l.List1[1]->isEnabled());
     l.Combo1->setText(QStringLiteral("Pedidos"));
     EXPECT_TRUE(l.Option1[0]->isEnabled());
     EXPECT_TRUE(l.List1[0]->isEnabled());
     EXPECT_TRUE(l.List1[1]->isEnabled());
+    EXPECT_TRUE(muestraBibliotecas());
 
     l.List1[0]->clearSelection();
     l.List1_DblClick(0);
@@ -251,6 +271,43 @@ TEST_F(PruebaListado, PedidosImposiblesYAdquiridos) {
     EXPECT_TRUE(l.DocumentoXml.contains(QStringLiteral("xsls\\Adquiridos.xsl")));
     EXPECT_TRUE(sistema->cajas.empty()) << sistema->Textos().join(u'|').toStdString();
     EXPECT_EQ(Salidas(), 3);
+}
+
+// What the analyst reads on each page: libraries and schools by name, dates as "dd/mmm/yyyy", money with
+// two decimals and thousands separators, totals that add what they say.
+TEST_F(PruebaListado, CadaReporteSeLeeConNombresFechasYDinero) {
+    Listado& l = Abre();
+    const struct {
+        const char* tipo;
+        QStringList muestra;
+        QStringList nunca;
+    } casos[] = {
+        {"Solicitados",
+         {"Central", "Norte", "Ingeniería", "Artes", "10/feb/2024", "12/feb/2024", "Alfa",
+          "Títulos: 2. Ejemplares solicitados: 5", "Periodo: del 01/feb/2024 al 29/feb/2024"},
+         {"10/02/2024"}},
+        {"Pedidos", {"Central", "Ingeniería", "15/feb/2024", "Títulos pedidos: 1"}, {"15/02/2024"}},
+        {"Imposibles de adquirir", {"Norte", "Artes", "19/feb/2024", "Títulos no adquiridos: 1"}, {"19/02/2024"}},
+        {"Adquiridos",
+         {"Central", "Ingeniería", "20/feb/2024", "1,234.50", "A-001", "A-002",
+          "Ejemplares adquiridos (números de adquisición): 2. Títulos: 1"},
+         {"20/02/2024", "1234.5"}},
+        {"Donaciones",
+         {"Norte", "Fundación Sur", "11/feb/2024", "D-001", "Ejemplares recibidos (números de adquisición): 1"},
+         {"11/02/2024"}},
+        {"Envíos", {"Central", "Norte", "A-001", "D-001", "Ejemplares enviados: 2", "Ejemplares enviados: 1"}, {}},
+    };
+    for (const auto& c : casos) {
+        SCOPED_TRACE(c.tipo);
+        Genera(QString::fromUtf8(c.tipo));
+        ASSERT_TRUE(sistema->cajas.empty()) << sistema->Textos().join(u'|').toStdString();
+        const QString& html = l.DocumentoHtml;
+        ASSERT_EQ(Vista().html, html);
+        for (const QString& t : c.muestra) EXPECT_TRUE(html.contains(t)) << t.toStdString() << "\n" << html.toStdString();
+        for (const QString& t : c.nunca) EXPECT_FALSE(html.contains(t)) << t.toStdString();
+        // The document saved as XML keeps the numbers the query gave.
+        EXPECT_FALSE(l.DocumentoXml.contains(QStringLiteral("Central")));
+    }
 }
 
 TEST_F(PruebaListado, DonacionesSinFiltroDeFuente) {

@@ -173,7 +173,7 @@ TEST_F(Reportes, MasDeQuinientosPreguntaPorElResumen) {
     EXPECT_FALSE(vacio);
     EXPECT_EQ(resumen, QStringLiteral("<TR><TD>7 títulos y 501 ejemplares</TD></TR>"));
     ASSERT_EQ(sistema->cajas.size(), 1u);
-    EXPECT_EQ(sistema->cajas[0].texto, QStringLiteral("El reporte solicitado incluirá demasiados títulos,\n"
+    EXPECT_EQ(sistema->cajas[0].texto, QStringLiteral("El reporte solicitado incluirá demasiados títulos,\r\n"
                                                       "¿desea ver solo el resumen de la consulta?"));
     EXPECT_EQ(sistema->cajas[0].titulo, QStringLiteral("Demasiada información para generar reporte"));
     EXPECT_EQ(sistema->cajas[0].flags, ui::vbYesNo + ui::vbExclamation);
@@ -199,20 +199,23 @@ QString Documento(const QString& raiz, const QStringList& columnas, int filas, b
 
 TEST_F(Reportes, CadaHojaMuestraLasFilas) {
     const QStringList base{"NoBiblioteca", "Titulo", "Autor", "Noeditorial", "ISBN", "NoEscuela", "Fecha"};
-    const struct { const char* hoja; const char* raiz; QStringList columnas; } casos[] = {
+    // `oculto`: columns not shown as they stand (an internal key; a cost that is no number).
+    const struct { const char* hoja; const char* raiz; QStringList columnas; QStringList oculto; } casos[] = {
         {"xsls\\Formato.xsl", "Pedidos",
-         {"ClaveLibro", "Solicitud", "Titulo", "ISBN", "Autor", "EjemplaresPedidos", "Editorial", "Edicion"}},
-        {"xsls\\formato2.xsl", "Reporte", base},
-        {"xsls\\Solicitados.xsl", "Reporte", base + QStringList{"Ejemplares"}},
-        {"xsls\\Pedidos.xsl", "Reporte", base},
-        {"xsls\\ImpAdq.xsl", "Reporte", base},
+         {"ClaveLibro", "Solicitud", "Titulo", "ISBN", "Autor", "EjemplaresPedidos", "Editorial", "Edicion"}, {"ClaveLibro"}},
+        {"xsls\\formato2.xsl", "Reporte", base, {}},
+        {"xsls\\Solicitados.xsl", "Reporte", base + QStringList{"Ejemplares"}, {}},
+        {"xsls\\Pedidos.xsl", "Reporte", base, {}},
+        {"xsls\\ImpAdq.xsl", "Reporte", base, {}},
         {"xsls\\Adquiridos.xsl", "Reporte",
-         base.mid(0, 6) + QStringList{"Edicion", "Ejemplaresrecibidos", "Costo", "Factura", "NoAdquisicion", "FechadeRecepcion"}},
+         base.mid(0, 6) + QStringList{"Edicion", "Ejemplaresrecibidos", "Costo", "Factura", "NoAdquisicion", "FechadeRecepcion"},
+         {"Costo"}},
         {"xsls\\Donaciones.xsl", "Reporte",
-         {"Noadquisicion", "NoBiblioteca", "Nombre", "Titulo", "Autor", "Ejemplares", "Noeditorial", "Edicion", "Fecha"}},
+         {"Noadquisicion", "NoBiblioteca", "Nombre", "Titulo", "Autor", "Ejemplares", "Noeditorial", "Edicion", "Fecha"}, {}},
     };
     for (const auto& c : casos) {
         SCOPED_TRACE(c.hoja);
+        const bool pedido = c.raiz == QLatin1String("Pedidos");
         for (int filas : {3, 0}) {
             auto vista = sistema->CreaVistaHtml(nullptr);
             const QString html = reportes::Htm_gen(Documento(QLatin1String(c.raiz), c.columnas, filas), *vista,
@@ -220,14 +223,80 @@ TEST_F(Reportes, CadaHojaMuestraLasFilas) {
             EXPECT_TRUE(sistema->cajas.empty()) << sistema->cajas.back().texto.toStdString();
             sistema->cajas.clear();
             EXPECT_EQ(vista->DocumentHtml(), html);
-            EXPECT_TRUE(html.contains(u"05/ene/2024") && html.contains(u"31/mar/2024"));
+            EXPECT_TRUE(html.contains(u"01/abr/2024"));
+            // An order has no period; every other report states it.
+            EXPECT_EQ(html.contains(u"Periodo"), !pedido);
+            EXPECT_EQ(html.contains(u"05/ene/2024") && html.contains(u"31/mar/2024"), !pedido);
             // The header row and one row per record; every column of the record is shown.
             EXPECT_EQ(html.count(QRegularExpression(QStringLiteral("<tr[ >]"))), 1 + std::max(filas, 1)) << html.toStdString();
             for (int i = 0; i < filas; ++i)
                 for (const QString& col : c.columnas)
-                    EXPECT_TRUE(html.contains(QStringLiteral("%1_%2").arg(col).arg(i))) << col.toStdString();
+                    EXPECT_EQ(html.contains(QStringLiteral(">%1_%2<").arg(col).arg(i)), !c.oculto.contains(col))
+                        << col.toStdString();
         }
     }
+}
+
+// The pieces every report shares, on a small document of known values: names for the numbers of libraries
+// and schools (the number when there is none), dates as "dd/mmm/yyyy" with or without a time, money with
+// two decimals and thousands separators.
+TEST_F(Reportes, NombresFechasYDineroEnLasHojas) {
+    Ejecuta("INSERT INTO Bibliotecas ([No], Nombre) VALUES (2, 'Biblioteca Central')");
+    Ejecuta("INSERT INTO Escuelas ([No], Nombre) VALUES (3, 'Escuela de Artes')");
+    const QString xml = QStringLiteral(
+        "<?xml version=\"1.0\"?>\n<Reporte Registros=\"3\" NumTitulos=\"2\" fechaReporte=\"07/nov/2026\" "
+        "fechaInicial=\"01/nov/2026\" fechaFinal=\"30/nov/2026\">"
+        "<Libro><NoBiblioteca>2</NoBiblioteca><NoEscuela>3</NoEscuela><Fecha>07/11/2026</Fecha>"
+        "<FechadeRecepcion>09/12/2026 10:30:00</FechadeRecepcion><Costo>1234567.5</Costo><Titulo>Uno</Titulo></Libro>"
+        "<Libro><NoBiblioteca>99</NoBiblioteca><NoEscuela></NoEscuela><Fecha>01/01/2026</Fecha>"
+        "<FechadeRecepcion></FechadeRecepcion><Costo>0</Costo><Titulo>Dos</Titulo></Libro>"
+        "<Libro><NoBiblioteca>2</NoBiblioteca><NoEscuela>3</NoEscuela><Fecha></Fecha>"
+        "<FechadeRecepcion></FechadeRecepcion><Costo></Costo><Titulo>Tres</Titulo></Libro></Reporte>");
+    for (const char* hoja : {"xsls\\Adquiridos.xsl", "xsls\\formato2.xsl"}) {
+        SCOPED_TRACE(hoja);
+        auto vista = sistema->CreaVistaHtml(nullptr);
+        const QString html = reportes::Htm_gen(xml, *vista, QLatin1String(hoja));
+        ASSERT_TRUE(sistema->cajas.empty()) << sistema->cajas.back().texto.toStdString();
+        EXPECT_EQ(html.count(QStringLiteral(">Biblioteca Central<")), 2) << html.toStdString();
+        EXPECT_EQ(html.count(QStringLiteral(">Escuela de Artes<")), 2);
+        EXPECT_TRUE(html.contains(u">99<"));                     // a library the table lacks keeps its number
+        EXPECT_TRUE(html.contains(u">09/dic/2026<"));
+        EXPECT_TRUE(html.contains(u">1,234,567.50<"));
+        EXPECT_TRUE(html.contains(u">0.00<"));
+        EXPECT_FALSE(html.contains(u"/12/2026"));
+        EXPECT_FALSE(html.contains(u"NaN"));
+        EXPECT_TRUE(html.contains(u"Periodo: del 01/nov/2026 al 30/nov/2026"));
+    }
+    auto vista = sistema->CreaVistaHtml(nullptr);
+    const QString html = reportes::Htm_gen(xml, *vista, QStringLiteral("xsls\\formato2.xsl"));
+    EXPECT_TRUE(html.contains(u">07/nov/2026<") && html.contains(u">01/ene/2026<"));
+}
+
+// The order: the requests it comes from by name, no period, and the copies added up from the one column
+// the document names them by.
+TEST_F(Reportes, ElPedidoSumaSusEjemplares) {
+    Ejecuta("INSERT INTO Bibliotecas ([No], Nombre) VALUES (2, 'Biblioteca Central')");
+    Ejecuta("INSERT INTO Escuelas ([No], Nombre) VALUES (3, 'Escuela de Artes')");
+    Ejecuta("UPDATE [Solicitudes General] SET Solicitante='Luis Pérez' WHERE NoSolicitud=7");
+    QString xml = QStringLiteral("<?xml version=\"1.0\"?>\n<Pedidos Registros=\"4\" fechaReporte=\"07/nov/2026\" "
+                                 "fechaInicial=\"01/nov/2026\" fechaFinal=\"30/nov/2026\">");
+    for (const char* copias : {"2", "3", "", "12"})
+        xml += QStringLiteral("<Libro><Solicitud>7</Solicitud><Titulo>T</Titulo><EjemplaresPedidos>%1</EjemplaresPedidos>"
+                              "</Libro>").arg(QLatin1String(copias));
+    // A column spelled otherwise is not the copies ordered.
+    xml += QStringLiteral("<Libro><Solicitud>7</Solicitud><Titulo>T</Titulo><Ejemplarespedidos>100</Ejemplarespedidos>"
+                          "</Libro></Pedidos>");
+    auto vista = sistema->CreaVistaHtml(nullptr);
+    const QString html = reportes::Htm_gen(xml, *vista, QStringLiteral("xsls\\Formato.xsl"));
+    ASSERT_TRUE(sistema->cajas.empty()) << sistema->cajas.back().texto.toStdString();
+    EXPECT_TRUE(html.contains(u"Títulos: 5. Ejemplares pedidos: 17")) << html.toStdString();
+    EXPECT_FALSE(html.contains(u">100<"));
+    EXPECT_FALSE(html.contains(u"Periodo"));
+    EXPECT_FALSE(html.contains(u"01/nov/2026"));
+    // The request once, with its date, requester, school and library.
+    EXPECT_EQ(html.count(u">Luis Pérez<"), 1);
+    EXPECT_TRUE(html.contains(u">10/feb/2024<"));
+    EXPECT_TRUE(html.contains(u">Escuela de Artes<") && html.contains(u">Biblioteca Central<"));
 }
 
 TEST_F(Reportes, EnviosMuestraAmbasPartes) {
@@ -250,7 +319,9 @@ TEST_F(Reportes, FallasDeLaTransformacion) {
     for (const auto& caja : sistema->cajas) {
         EXPECT_EQ(caja.titulo, QStringLiteral("Mod Htm_gen"));
         EXPECT_EQ(caja.flags, ui::vbCritical);
-        EXPECT_TRUE(caja.texto.startsWith(u"Ocurrió el error: ") && caja.texto.contains(u"\n ["));
+        // The number, CR LF, and the description between brackets and blanks.
+        static const QRegularExpression forma(QStringLiteral("^Ocurrió el error: -?\\d+\r\n \\[[^\r\n]+\\] $"));
+        EXPECT_TRUE(forma.match(caja.texto).hasMatch()) << caja.texto.toStdString();
     }
 }
 

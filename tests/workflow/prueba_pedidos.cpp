@@ -13,6 +13,7 @@
 #include <QFile>
 #include <QGroupBox>
 #include <QPushButton>
+#include <QXmlStreamReader>
 
 namespace {
 
@@ -158,6 +159,39 @@ TEST_F(PruebaPedidos, ProcesarPasaLosNumerosEnElOrdenDeLaListaYSalirSinMarcarPre
 
     f.Command1_Click();                                  // nothing marked: the list is "0"
     EXPECT_EQ(globales::NavValor.text(), QStringLiteral("0"));
+}
+
+// The order as the supplier and the department read it: the saved XML names the copies ordered
+// `EjemplaresPedidos`, and the page adds them up.
+TEST_F(PruebaPedidos, ElPedidoGuardadoLlevaLosEjemplaresPedidos) {
+    Solicitudes();
+    Ejecuta("UPDATE [Solicitudes Libros] SET [Ejemplares Pedidos]=ClaveLibro - 68 WHERE NoSolicitud=7");   // 2, 3, 4
+    globales::NavValor = vb::Variant(QStringLiteral("007"));
+    Ped1_Repor r;
+    r.Form_Load();
+    const QString xml = dir.filePath(QStringLiteral("pedido.xml"));
+    sistema->archivos = {ui::RespuestaArchivo::Elige(xml, 2)};
+    r.Command2_Click();
+    QFile f(xml);
+    ASSERT_TRUE(f.open(QIODevice::ReadOnly));
+    QXmlStreamReader x(QString::fromLatin1(f.readAll()));   // written in the single-byte code page
+    QStringList copias, otros;
+    while (!x.atEnd()) {
+        if (x.readNext() != QXmlStreamReader::StartElement) continue;
+        if (x.name() == QStringLiteral("EjemplaresPedidos")) copias << x.readElementText();
+        else if (x.name().compare(QStringLiteral("EjemplaresPedidos"), Qt::CaseInsensitive) == 0) otros << x.name().toString();
+    }
+    EXPECT_FALSE(x.hasError()) << x.errorString().toStdString();
+    EXPECT_EQ(copias, (QStringList{"2", "3", "4"}));
+    EXPECT_TRUE(otros.isEmpty());
+
+    EXPECT_TRUE(r.DocumentoHtml.contains(QStringLiteral("Títulos: 3. Ejemplares pedidos: 9")));
+    EXPECT_FALSE(r.DocumentoHtml.contains(QStringLiteral("Periodo")));
+    // Request 7: school 3, library 1.
+    EXPECT_TRUE(r.DocumentoHtml.contains(QStringLiteral(">Ingeniería<")));
+    EXPECT_TRUE(r.DocumentoHtml.contains(QStringLiteral(">Central<")));
+    EXPECT_TRUE(r.DocumentoHtml.contains(QStringLiteral(">05/mar/2024<")));
+    EXPECT_TRUE(sistema->cajas.empty());
 }
 
 TEST_F(PruebaPedidos, GuardarPorTipoDeArchivoEImprimir) {
