@@ -334,7 +334,8 @@ bool FormPrincipal::Form_Load() {
     if (porLinea) {
         acceso.Text1->setText(usuario);
         acceso.Text2->setText(clave);
-        ui::Protegido(QStringLiteral("Leepasswd"), [&acceso] { acceso.Command1_Click(); });
+        // Called directly: a failure of the check (an apostrophe in the name) is start-up's own.
+        acceso.Command1_Click();
     } else {
         sistema.MuestraModal(acceso);
         if (acceso.Resultado != QLatin1String("OK")) {
@@ -373,6 +374,13 @@ void FormPrincipal::Timer1_Timer() {
 
 void FormPrincipal::ToolPPAL_Click(int indice) {
     switch (indice) {
+bool FormPrincipal::Arranca() {
+    const ui::ArranqueEnCurso arranque;
+    bool seguir = false;
+    ui::Protegido(QStringLiteral("FormPrincipal"), [this, &seguir] { seguir = Form_Load(); });
+    return seguir;
+}
+
     case 4:
         ui::Sistema().MsgBox(QStringLiteral("Opción no disponible"), ui::vbCritical, QStringLiteral("Adquisiciones"));
         break;

@@ -122,7 +122,15 @@ bool Leepasswd::eventFilter(QObject* objeto, QEvent* evento) {
 
 void Leepasswd::Command1_Click() {
     Mensaje.clear();
-    globales::LoginAnalista = ValidaAnalista(Text1->text(), Text2->text(), Mensaje);
+    try {
+        globales::LoginAnalista = ValidaAnalista(Text1->text(), Text2->text(), Mensaje);
+    } catch (...) {
+        // An attempt whose check fails (an apostrophe in the name breaks the statement) counts as well;
+        // the failure goes on to the default box, which ends the program.
+        ++fallas_;
+        if (fallas_ >= 4) hide();
+        throw;
+    }
     if (!globales::LoginAnalista.isEmpty()) {
         Resultado = QStringLiteral("OK");
         hide();

@@ -41,6 +41,34 @@ TEST_F(Plataforma_, ProtegidoMuestraLaFallaYNoLaDejaSalir) {
     // A handler that ends well shows nothing.
     ui::Protegido(QString(), [] {});
     EXPECT_EQ(sistema->cajas.size(), 3u);
+    EXPECT_FALSE(sistema->terminado);
+}
+
+TEST_F(Plataforma_, DuranteElArranqueLaFallaTerminaElPrograma) {
+    {
+        const ui::ArranqueEnCurso arranque;
+        ui::Protegido(QString(), [] {});
+        EXPECT_EQ(sistema->terminaciones, 0);
+        {
+            const ui::ArranqueEnCurso anidado;
+        }
+        // The end comes after the box.
+        int terminacionesAlMostrar = -1;
+        sistema->contesta = [this, &terminacionesAlMostrar](const ui::CajaMensaje&) {
+            terminacionesAlMostrar = sistema->terminaciones;
+            return ui::vbOK;
+        };
+        ui::Protegido(QString(), [] { throw vb::Error(3024, QStringLiteral("No se encontró el archivo")); });
+        sistema->contesta = nullptr;
+        EXPECT_EQ(terminacionesAlMostrar, 0);
+        ASSERT_EQ(sistema->cajas.size(), 1u);
+        EXPECT_EQ(sistema->cajas[0].texto, QStringLiteral("Se produjo el error 3024\r\nNo se encontró el archivo"));
+        EXPECT_EQ(sistema->terminaciones, 1);
+    }
+    EXPECT_FALSE(ui::ArranqueEnCurso::Activo());
+    ui::Protegido(QString(), [] { throw vb::Error(3022, QStringLiteral("Valor duplicado")); });
+    EXPECT_EQ(sistema->cajas.size(), 2u);
+    EXPECT_EQ(sistema->terminaciones, 1);
 }
 
 TEST_F(Plataforma_, ArchivosYVistas) {
