@@ -22,6 +22,8 @@ int main(int argc, char** argv) {
     QApplication app(argc, argv);
     QApplication::setApplicationName(QStringLiteral("Adquisiciones"));
     ui::InstalaPlataforma(std::make_unique<ui::PlataformaQt>());
+    // Qt's own dialogs and buttons in Spanish.
+    ui::CargaTraducciones();
     // The screens of each subsystem, as the main window opens them.
     catalogo::RegistraComandos();
     reportes::RegistraComandos();

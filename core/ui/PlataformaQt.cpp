@@ -9,6 +9,9 @@
 #include <QFile>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QFontMetrics>
+#include <QGridLayout>
+#include <QLibraryInfo>
 #include <QMessageBox>
 #include <QPageSetupDialog>
 #include <QPrintDialog>
@@ -17,7 +20,9 @@
 #include <QRegularExpression>
 #include <QStringDecoder>
 #include <QTextBrowser>
+#include <QSpacerItem>
 #include <QTimer>
+#include <QTranslator>
 #include <QUrl>
 
 #include <arpa/inet.h>
@@ -76,6 +81,14 @@ int PlataformaQt::MsgBox(const QString& texto, int flags, const QString& titulo)
         case vbNo: boton->setText(QStringLiteral("&No")); break;
         }
     }
+    // The whole title in the title bar: the box is at least as wide as the title, its frame's buttons and
+    // margins. The bar's font is the window manager's; a bold one of the program's size is a fair measure.
+    QFont letraTitulo = caja.font();
+    letraTitulo.setBold(true);
+    const int anchoTitulo = QFontMetrics(letraTitulo).horizontalAdvance(caja.windowTitle()) + 140;
+    if (auto* rejilla = qobject_cast<QGridLayout*>(caja.layout()))
+        rejilla->addItem(new QSpacerItem(anchoTitulo, 0, QSizePolicy::Minimum, QSizePolicy::Fixed), rejilla->rowCount(), 0,
+                         1, rejilla->columnCount());
     const size_t predeterminado = static_cast<size_t>((flags & 0x300) >> 8);
     caja.setDefaultButton(botones[predeterminado < botones.size() ? predeterminado : 0].qt);
     caja.exec();
@@ -123,6 +136,43 @@ QStringList FiltrosQt(const QString& filtro) {
 
 namespace {
 
+// Pattern i (1-based) of a filter "Texto (*.htm)|*.htm|Todos (*.*)|*.*"; out of range, the first.
+QString PatronDelFiltro(const QString& filtro, int indiceFiltro) {
+    const QStringList partes = filtro.split(u'|');
+    const int pares = static_cast<int>((partes.size() + 1) / 2);
+    if (pares == 0) return QString();
+    const int i = indiceFiltro >= 1 && indiceFiltro <= pares ? indiceFiltro : 1;
+    const qsizetype posicion = 2 * (i - 1) + 1;
+    return posicion < partes.size() ? partes[posicion] : QString();
+}
+
+}  // namespace
+
+QString ExtensionDelFiltro(const QString& filtro, int indiceFiltro) {
+    const QString primero = PatronDelFiltro(filtro, indiceFiltro).section(u';', 0, 0).trimmed();
+    static const QRegularExpression simple(QStringLiteral("^\\*\\.([^*?\\[\\]/\\\\ ]+)$"));
+    const QRegularExpressionMatch m = simple.match(primero);
+    if (!m.hasMatch()) return QString();
+    const QString extension = m.captured(1);
+    return extension.endsWith(u'.') ? QString() : extension;
+}
+
+QString ConExtensionDelFiltro(const QString& archivo, const QString& filtro, int indiceFiltro) {
+    const qsizetype barra = std::max(archivo.lastIndexOf(u'/'), archivo.lastIndexOf(u'\\'));
+    const QString nombre = archivo.mid(barra + 1);
+    if (nombre.isEmpty()) return archivo;
+    const qsizetype punto = nombre.lastIndexOf(u'.');
+    // "informe.txt" has one; ".oculto" and "informe." don't.
+    if (punto > 0 && punto < nombre.size() - 1) return archivo;
+    const QString extension = ExtensionDelFiltro(filtro, indiceFiltro);
+    if (extension.isEmpty()) return archivo;
+    QString resultado = archivo;
+    while (resultado.endsWith(u'.') && resultado.size() > barra + 2) resultado.chop(1);
+    return resultado + u'.' + extension;
+}
+
+namespace {
+
 enum : int { cdlOFNOverwritePrompt = 2 };
 
 bool DialogoDeArchivo(DialogoArchivo& d, bool guardar) {
@@ -135,6 +185,15 @@ bool DialogoDeArchivo(DialogoArchivo& d, bool guardar) {
         dialogo.setNameFilters(filtros);
         const int i = d.indiceFiltro >= 1 && d.indiceFiltro <= filtros.size() ? d.indiceFiltro : 1;
         dialogo.selectNameFilter(filtros[i - 1]);
+        if (guardar) {
+            // The dialog adds the chosen filter's extension itself, so that its question before
+            // overwriting is about the file that will be written.
+            const QString filtro = d.filtro;
+            dialogo.setDefaultSuffix(ExtensionDelFiltro(filtro, i));
+            QObject::connect(&dialogo, &QFileDialog::filterSelected, &dialogo, [&dialogo, filtros, filtro](const QString& elegido) {
+                dialogo.setDefaultSuffix(ExtensionDelFiltro(filtro, static_cast<int>(filtros.indexOf(elegido)) + 1));
+            });
+        }
     }
     if (!d.archivo.isEmpty()) dialogo.selectFile(d.archivo);
     if (dialogo.exec() != QDialog::Accepted || dialogo.selectedFiles().isEmpty()) {
@@ -146,6 +205,7 @@ bool DialogoDeArchivo(DialogoArchivo& d, bool guardar) {
     if (!filtros.isEmpty()) {
         const qsizetype i = filtros.indexOf(dialogo.selectedNameFilter());
         if (i >= 0) d.indiceFiltro = static_cast<int>(i) + 1;
+        if (guardar) d.archivo = ConExtensionDelFiltro(d.archivo, d.filtro, d.indiceFiltro);
     }
     return true;
 }
@@ -154,6 +214,26 @@ bool DialogoDeArchivo(DialogoArchivo& d, bool guardar) {
 
 bool PlataformaQt::AbreArchivo(DialogoArchivo& d) { return DialogoDeArchivo(d, false); }
 bool PlataformaQt::GuardaArchivo(DialogoArchivo& d) { return DialogoDeArchivo(d, true); }
+
+// ---------------------------------------------------------------------------------------------------------
+// Qt's own texts in Spanish
+
+bool CargaTraducciones() {
+    static bool cargada = false;
+    static bool hecho = false;
+    if (hecho || !QCoreApplication::instance()) return cargada;
+    hecho = true;
+    const QString carpeta = QLibraryInfo::path(QLibraryInfo::TranslationsPath);
+    for (const char* nombre : {"qtbase_es", "qt_es"}) {
+        auto* traductor = new QTranslator(QCoreApplication::instance());
+        if (traductor->load(QString::fromLatin1(nombre), carpeta) && QCoreApplication::installTranslator(traductor)) {
+            if (qstrcmp(nombre, "qtbase_es") == 0) cargada = true;
+        } else {
+            delete traductor;
+        }
+    }
+    return cargada;
+}
 
 // ---------------------------------------------------------------------------------------------------------
 // The rest of the system

@@ -5,6 +5,9 @@
 #include "core/ui/PlataformaQt.h"
 
 #include <QDialog>
+#include <QDialogButtonBox>
+#include <QLibraryInfo>
+#include <QPushButton>
 #include <QFile>
 #include <QLineEdit>
 #include <QRegularExpression>
@@ -129,6 +132,52 @@ TEST(PlataformaQt, FiltrosYCodificaciones) {
     EXPECT_EQ(ui::DecodificaDocumento(QByteArray("<meta charset=utf-8>\xC3\xB1")), QStringLiteral("<meta charset=utf-8>ñ"));
     EXPECT_EQ(ui::DecodificaDocumento(QByteArray("a\xC3\xB1")), QStringLiteral("añ"));
     EXPECT_EQ(ui::DecodificaDocumento(QByteArray("\x80 \x93x\x94")), QStringLiteral("€ “x”"));
+}
+
+// What a save dialog returns: a bare name takes the chosen filter's extension, a name with one keeps it.
+TEST(PlataformaQt, ExtensionDelFiltroAlGuardar) {
+    const QString filtro = QStringLiteral("Texto (*.htm)|*.htm|Documento XML (*.xml)|*.xml|Libros (*.xls;*.xlsx)|*.xls;*.xlsx|Todos (*.*)|*.*");
+    const struct {
+        const char* archivo;
+        int indice;
+        const char* esperado;
+    } casos[] = {
+        {"/home/ana/pedido4", 1, "/home/ana/pedido4.htm"},
+        {"/home/ana/pedido4", 2, "/home/ana/pedido4.xml"},
+        {"/home/ana/pedido4", 3, "/home/ana/pedido4.xls"},     // the first of several patterns
+        {"/home/ana/pedido4", 4, "/home/ana/pedido4"},         // "*.*" names no extension
+        {"/home/ana/pedido4", 0, "/home/ana/pedido4.htm"},     // out of range: the first filter
+        {"/home/ana/pedido4", 9, "/home/ana/pedido4.htm"},
+        {"/home/ana/pedido4.txt", 1, "/home/ana/pedido4.txt"}, // an extension of its own stays
+        {"/home/ana/pedido4.HTM", 2, "/home/ana/pedido4.HTM"},
+        {"/home/ana.v2/pedido4", 1, "/home/ana.v2/pedido4.htm"},  // a dot in a folder is no extension
+        {"C:\\datos.1\\pedido4", 2, "C:\\datos.1\\pedido4.xml"},
+        {"/home/ana/.pedido", 1, "/home/ana/.pedido.htm"},
+        {"/home/ana/pedido4.", 1, "/home/ana/pedido4.htm"},
+        {"/home/ana/", 1, "/home/ana/"},
+        {"pedido de mayo", 1, "pedido de mayo.htm"},
+    };
+    for (const auto& c : casos)
+        EXPECT_EQ(ui::ConExtensionDelFiltro(QString::fromUtf8(c.archivo), filtro, c.indice), QString::fromUtf8(c.esperado))
+            << c.archivo << " " << c.indice;
+    // Filters without a plain extension, or none at all, leave the name alone.
+    EXPECT_EQ(ui::ConExtensionDelFiltro(QStringLiteral("pedido4"), QStringLiteral("Todo|*"), 1), QStringLiteral("pedido4"));
+    EXPECT_EQ(ui::ConExtensionDelFiltro(QStringLiteral("pedido4"), QStringLiteral("Copias (pedido?.*)|pedido?.*"), 1), QStringLiteral("pedido4"));
+    EXPECT_EQ(ui::ConExtensionDelFiltro(QStringLiteral("pedido4"), QString(), 1), QStringLiteral("pedido4"));
+    EXPECT_EQ(ui::ExtensionDelFiltro(QStringLiteral("Intercambio (*.exp)|*.exp"), 1), QStringLiteral("exp"));
+}
+
+// Qt's own dialogs and buttons speak Spanish once the translations are loaded.
+TEST(PlataformaQt, TraduccionesDeQtEnEspanol) {
+    ASSERT_TRUE(ui::CargaTraducciones()) << "qtbase_es.qm en " << QLibraryInfo::path(QLibraryInfo::TranslationsPath).toStdString();
+    EXPECT_TRUE(ui::CargaTraducciones());   // once is enough, twice does no harm
+    QDialogButtonBox botones(QDialogButtonBox::Yes | QDialogButtonBox::No | QDialogButtonBox::Cancel | QDialogButtonBox::Save);
+    EXPECT_EQ(botones.button(QDialogButtonBox::Yes)->text().remove(u'&'), QStringLiteral("Sí"));
+    EXPECT_EQ(botones.button(QDialogButtonBox::Cancel)->text().remove(u'&'), QStringLiteral("Cancelar"));
+    EXPECT_EQ(botones.button(QDialogButtonBox::Save)->text().remove(u'&'), QStringLiteral("Guardar"));
+    // The file dialog's own words.
+    EXPECT_NE(QCoreApplication::translate("QFileDialog", "Look in:"), QStringLiteral("Look in:"));
+    EXPECT_NE(QCoreApplication::translate("QPrintDialog", "Print"), QStringLiteral("Print"));
 }
 
 TEST(PlataformaQt, VistaSobreQTextBrowser) {
