@@ -8,12 +8,14 @@
 #include "core/vb/Conversion.h"
 
 #include <QApplication>
+#include <algorithm>
 #include <QGridLayout>
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QScreen>
 #include <QStyle>
 
 QString TomaElementoComa(const QString& texto, qint16 n) {
@@ -99,6 +101,17 @@ void Leepasswd::Form_Load() { fallas_ = 0; }
 void Leepasswd::Form_Activate() { Text1->setFocus(); }
 
 void Leepasswd::showEvent(QShowEvent* e) {
+    // Centred over the main window, or over the screen without one, and inside the screen.
+    const QWidget* sobre = parentWidget() ? parentWidget()->window() : nullptr;
+    if (QScreen* pantalla = sobre ? sobre->screen() : screen()) {
+        const QRect libre = pantalla->availableGeometry();
+        const QPoint centro = sobre && sobre->isVisible() ? sobre->frameGeometry().center() : libre.center();
+        QRect lugar(QPoint(), frameGeometry().size().expandedTo(size()));
+        lugar.moveCenter(centro);
+        lugar.moveLeft(std::clamp(lugar.left(), libre.left(), std::max(libre.left(), libre.right() - lugar.width())));
+        lugar.moveTop(std::clamp(lugar.top(), libre.top(), std::max(libre.top(), libre.bottom() - lugar.height())));
+        move(lugar.topLeft());
+    }
     QDialog::showEvent(e);
     Form_Activate();
 }
