@@ -11,7 +11,9 @@
 #include <QFileInfo>
 #include <QFontMetrics>
 #include <QGridLayout>
+#include <QHash>
 #include <QLibraryInfo>
+#include <QLocale>
 #include <QMessageBox>
 #include <QPageSetupDialog>
 #include <QPrintDialog>
@@ -218,11 +220,39 @@ bool PlataformaQt::GuardaArchivo(DialogoArchivo& d) { return DialogoDeArchivo(d,
 // ---------------------------------------------------------------------------------------------------------
 // Qt's own texts in Spanish
 
+namespace {
+
+// What Qt's Spanish catalogue still lacks of the dialogs the program shows: the kinds of entry in the file
+// dialog's list. Asked before the catalogue, it answers only these.
+class ComplementoEspanol : public QTranslator {
+public:
+    using QTranslator::QTranslator;
+    bool isEmpty() const override { return false; }
+    QString translate(const char* contexto, const char* texto, const char* desambiguacion, int n) const override {
+        (void)desambiguacion;
+        (void)n;
+        if (qstrcmp(contexto, "QAbstractFileIconProvider") != 0 || !texto) return QString();
+        static const QHash<QByteArray, QString> textos = {
+            {"Folder", QStringLiteral("Carpeta")},
+            {"File Folder", QStringLiteral("Carpeta de archivos")},
+            {"Drive", QStringLiteral("Unidad")},
+            {"File", QStringLiteral("Archivo")},
+            {"%1 File", QStringLiteral("Archivo %1")},
+        };
+        return textos.value(QByteArray(texto));
+    }
+};
+
+}  // namespace
+
 bool CargaTraducciones() {
     static bool cargada = false;
     static bool hecho = false;
     if (hecho || !QCoreApplication::instance()) return cargada;
     hecho = true;
+    // Dates and month names in the toolkit's own widgets (the file dialog's list) in Spanish as well; the
+    // program's own formats don't depend on it.
+    QLocale::setDefault(QLocale(QLocale::Spanish, QLocale::Mexico));
     const QString carpeta = QLibraryInfo::path(QLibraryInfo::TranslationsPath);
     for (const char* nombre : {"qtbase_es", "qt_es"}) {
         auto* traductor = new QTranslator(QCoreApplication::instance());
@@ -232,6 +262,7 @@ bool CargaTraducciones() {
             delete traductor;
         }
     }
+    QCoreApplication::installTranslator(new ComplementoEspanol(QCoreApplication::instance()));
     return cargada;
 }
 
@@ -294,8 +325,26 @@ bool PlataformaQt::IniciaPrograma(const QString& ruta) {
     return QProcess::startDetached(programa, partes);
 }
 
+namespace {
+std::vector<std::function<void()>>& TareasAlTerminar() {
+    static auto* tareas = new std::vector<std::function<void()>>;
+    return *tareas;
+}
+}  // namespace
+
+void PlataformaQt::AlTerminar(std::function<void()> tarea) { TareasAlTerminar().push_back(std::move(tarea)); }
+
 void PlataformaQt::Termina() {
-    // The language's End: nothing after it runs.
+    // The language's End: nothing after it runs. What the program asked for runs first, before the
+    // destructors of its statics, whose order between files nobody fixes.
+    auto tareas = std::move(TareasAlTerminar());
+    TareasAlTerminar().clear();
+    for (auto& tarea : tareas) {
+        try {
+            tarea();
+        } catch (...) {
+        }
+    }
     if (QCoreApplication::instance()) QCoreApplication::exit(0);
     std::exit(0);
 }

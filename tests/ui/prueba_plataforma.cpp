@@ -5,6 +5,8 @@
 #include "core/ui/PlataformaQt.h"
 
 #include <QDialog>
+#include <QFontMetrics>
+#include <QTimer>
 #include <QDialogButtonBox>
 #include <QLibraryInfo>
 #include <QPushButton>
@@ -178,6 +180,28 @@ TEST(PlataformaQt, TraduccionesDeQtEnEspanol) {
     // The file dialog's own words.
     EXPECT_NE(QCoreApplication::translate("QFileDialog", "Look in:"), QStringLiteral("Look in:"));
     EXPECT_NE(QCoreApplication::translate("QPrintDialog", "Print"), QStringLiteral("Print"));
+    // What the catalogue lacks comes from the program; the rest is left to the catalogue.
+    EXPECT_EQ(QCoreApplication::translate("QAbstractFileIconProvider", "Folder", "All other platforms"), QStringLiteral("Carpeta"));
+    EXPECT_EQ(QCoreApplication::translate("QFileDialog", "Look in:"), QStringLiteral("Ver en:"));
+}
+
+// A box is at least as wide as its title, whatever the length of its text.
+TEST(PlataformaQt, CajaTanAnchaComoSuTitulo) {
+    ui::PlataformaQt plataforma;
+    for (const QString& titulo : {QStringLiteral("Actualización de tabla para Material Complementario"),
+                                  QStringLiteral("Actualización de tabla [ Solicitudes Libros ] - una larga, muy larga")}) {
+        int ancho = 0;
+        QTimer::singleShot(0, [&ancho] {
+            if (QWidget* caja = QApplication::activeModalWidget()) {
+                ancho = caja->width();
+                caja->close();
+            }
+        });
+        EXPECT_EQ(plataforma.MsgBox(QStringLiteral("Sí"), ui::vbCritical, titulo), ui::vbOK);
+        QFont negrita = QApplication::font();
+        negrita.setBold(true);
+        EXPECT_GT(ancho, QFontMetrics(negrita).horizontalAdvance(titulo)) << titulo.toStdString();
+    }
 }
 
 TEST(PlataformaQt, VistaSobreQTextBrowser) {
