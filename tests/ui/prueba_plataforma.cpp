@@ -5,6 +5,8 @@
 #include "core/ui/PlataformaQt.h"
 
 #include <QDialog>
+#include <QFileDialog>
+#include <QTemporaryDir>
 #include <QFontMetrics>
 #include <QTimer>
 #include <QDialogButtonBox>
@@ -167,6 +169,39 @@ TEST(PlataformaQt, ExtensionDelFiltroAlGuardar) {
     EXPECT_EQ(ui::ConExtensionDelFiltro(QStringLiteral("pedido4"), QStringLiteral("Copias (pedido?.*)|pedido?.*"), 1), QStringLiteral("pedido4"));
     EXPECT_EQ(ui::ConExtensionDelFiltro(QStringLiteral("pedido4"), QString(), 1), QStringLiteral("pedido4"));
     EXPECT_EQ(ui::ExtensionDelFiltro(QStringLiteral("Intercambio (*.exp)|*.exp"), 1), QStringLiteral("exp"));
+}
+
+// The real save dialog, answered as a person would: a bare name comes back with the chosen filter's
+// extension, and the filter chosen is reported.
+TEST(PlataformaQt, DialogoDeGuardarAgregaLaExtension) {
+    QTemporaryDir carpeta;
+    ASSERT_TRUE(carpeta.isValid());
+    ui::PlataformaQt plataforma;
+    const QString filtro = QStringLiteral("Página HTML (*.htm)|*.htm|Documento XML (*.xml)|*.xml|Todos (*.*)|*.*");
+    const struct {
+        const char* escrito;
+        int filtroElegido;      // 0: the one offered
+        const char* esperado;
+        int indice;
+    } casos[] = {{"pedido4", 0, "pedido4.htm", 1}, {"pedido4", 2, "pedido4.xml", 2}, {"pedido4.txt", 0, "pedido4.txt", 1},
+                 {"pedido4", 3, "pedido4", 3}};
+    for (const auto& c : casos) {
+        const QStringList filtros = ui::FiltrosQt(filtro);
+        QTimer::singleShot(0, [&] {
+            auto* dialogo = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
+            if (!dialogo) return;
+            if (c.filtroElegido) {
+                dialogo->selectNameFilter(filtros[c.filtroElegido - 1]);
+                emit dialogo->filterSelected(filtros[c.filtroElegido - 1]);
+            }
+            dialogo->selectFile(carpeta.filePath(QString::fromUtf8(c.escrito)));
+            QMetaObject::invokeMethod(dialogo, "accept");
+        });
+        ui::DialogoArchivo d{QStringLiteral("Guardar pedido"), filtro, 1, carpeta.filePath(QStringLiteral("x")), 0};
+        ASSERT_TRUE(plataforma.GuardaArchivo(d)) << c.escrito;
+        EXPECT_EQ(d.archivo, carpeta.filePath(QString::fromUtf8(c.esperado))) << c.escrito << " " << c.filtroElegido;
+        EXPECT_EQ(d.indiceFiltro, c.indice);
+    }
 }
 
 // Qt's own dialogs and buttons speak Spanish once the translations are loaded.
