@@ -8,7 +8,6 @@
 #include "core/vb/Conversion.h"
 
 #include <QApplication>
-#include <algorithm>
 #include <QGridLayout>
 #include <QHBoxLayout>
 #include <QKeyEvent>
@@ -17,6 +16,7 @@
 #include <QPushButton>
 #include <QScreen>
 #include <QStyle>
+#include <algorithm>
 
 QString TomaElementoComa(const QString& texto, qint16 n) {
     QString resto = texto;
