@@ -2,13 +2,16 @@
 //
 // Options of the program's own come before the "-u usuario -p clave" of the suite and are removed from the
 // command line before start-up reads it:
-//   --captura ARCHIVO.png   once start-up is over, save a picture of the screen, print its path and end
+//   --captura ARCHIVO.png   a few seconds after start, save a picture of the screen (of the login dialog if it
+//                           still waits), print its path and end
 //   --abrir COMANDO         once start-up is over, run a command of the main window ("Escuelas", "CambioFecha")
 #include "catalog/Registro.h"
 #include "core/FormPrincipal.h"
+#include "core/Globales.h"
 #include "core/LineaComandos.h"
 #include "core/ui/Plataforma.h"
 #include "core/ui/PlataformaQt.h"
+#include "core/dao/Dao.h"
 #include "reports/Registro.h"
 #include "workflow/Registro.h"
 
@@ -21,6 +24,10 @@ int main(int argc, char** argv) {
     QApplication app(argc, argv);
     QApplication::setApplicationName(QStringLiteral("Adquisiciones"));
     ui::InstalaPlataforma(std::make_unique<ui::PlataformaQt>());
+    // The database is let go before the program's statics, however the program ends.
+    ui::PlataformaQt::AlTerminar([] { globales::BaseDatos.reset(); });
+    // Qt's own dialogs and buttons in Spanish.
+    ui::CargaTraducciones();
     // The screens of each subsystem, as the main window opens them.
     catalogo::RegistraComandos();
     reportes::RegistraComandos();
@@ -38,23 +45,9 @@ int main(int argc, char** argv) {
     principal.LineaComandos = argumentos.join(u' ');
     // The password of "-u usuario -p clave" leaves the visible command line now that it is read.
     linea::BorraClaveDeLaLinea(argc, argv, argc - static_cast<int>(argumentos.size()));
-    bool seguir = false;
-    // Start-up traps nothing: an engine error (no database, an unreadable file) is the first thing the
-    // user sees, and the program ends.
-    try {
-        seguir = principal.Form_Load();
-    } catch (const vb::Error& e) {
-        ui::Sistema().MsgBox(ui::TextoFallaPredeterminada(e.Number(), e.Description()), ui::vbCritical);
-        return 1;
-    } catch (const std::exception& e) {
-        ui::Sistema().MsgBox(QString::fromLocal8Bit(e.what()), ui::vbCritical);
-        return 1;
-    }
-    if (!seguir) return 0;
-
-    if (!abrir.isEmpty()) QTimer::singleShot(5500, &principal, [&principal, abrir] { principal.Ejecuta(abrir); });
     if (!captura.isEmpty()) {
-        // The picture is taken once the splash has gone, with whatever screen is open then.
+        // The picture is taken once the splash has gone, with whatever screen is open then: the login dialog
+        // too, when it is still waiting.
         QTimer::singleShot(abrir.isEmpty() ? 5600 : 7000, &principal, [&principal, captura] {
             QScreen* pantalla = principal.screen();
             const QPixmap imagen = QApplication::activeModalWidget() && pantalla ? pantalla->grabWindow(0) : principal.grab();
@@ -64,5 +57,13 @@ int main(int argc, char** argv) {
             QApplication::exit(0);
         });
     }
-    return app.exec();
+    // Start-up traps nothing: an engine error (no database, an unreadable file), there or in the login
+    // dialog, is shown in the failure box and the program ends.
+    const bool seguir = principal.Arranca();
+    if (!seguir) return 0;
+
+    if (!abrir.isEmpty()) QTimer::singleShot(5500, &principal, [&principal, abrir] { principal.Ejecuta(abrir); });
+    const int resultado = app.exec();
+    globales::BaseDatos.reset();
+    return resultado;
 }

@@ -12,6 +12,7 @@
 #include "core/vb/Cadenas.h"
 
 #include <QDir>
+#include <QFontMetrics>
 #include <QFileInfo>
 #include <QGridLayout>
 #include <QGroupBox>
@@ -30,25 +31,44 @@ namespace {
 // Twips to pixels at the usual 15 twips a pixel.
 int Px(int twips) { return twips / 15; }
 
+// A font of `puntos` points, smaller if need be so that `texto` fits in `ancho` pixels.
+QFont LetraQueCabe(QFont letra, int puntos, const QString& texto, int ancho) {
+    for (letra.setPointSize(puntos); letra.pointSize() > 6; letra.setPointSize(letra.pointSize() - 1))
+        if (QFontMetrics(letra).horizontalAdvance(texto) <= ancho) break;
+    return letra;
+}
+
 QPixmap Portada(const QSize& tamano) {
     QPixmap p(tamano);
     p.fill(QColor(0x1f, 0x3a, 0x5f));
     QPainter g(&p);
     g.setRenderHint(QPainter::Antialiasing);
-    g.setPen(QColor(0xf2, 0xe9, 0xd0));
+    g.setRenderHint(QPainter::TextAntialiasing);
+    const QColor claro(0xf2, 0xe9, 0xd0);
+    g.setPen(claro);
+    // Every line inside the frame, with a margin on each side.
+    const int margen = 24;
+    const int ancho = tamano.width() - 2 * margen;
+    const QString titulo = QStringLiteral("KORVEL 8");
+    const QString modulo = QStringLiteral("Módulo de adquisiciones");
+    const QString suite = QStringLiteral("Sistema integral de automatización de bibliotecas");
     QFont grande = g.font();
-    grande.setPointSize(30);
     grande.setBold(true);
-    g.setFont(grande);
-    g.drawText(QRect(0, 20, tamano.width(), 70), Qt::AlignCenter, QStringLiteral("KORVEL 8"));
+    grande = LetraQueCabe(grande, 30, titulo, ancho);
     QFont chica = g.font();
-    chica.setPointSize(13);
     chica.setBold(false);
+    chica = LetraQueCabe(chica, 13, suite, ancho);
+    const int altoGrande = QFontMetrics(grande).height();
+    const int altoChica = QFontMetrics(chica).lineSpacing();
+    int y = (tamano.height() - (altoGrande + 8 + 2 * altoChica)) / 2;
+    g.setFont(grande);
+    g.drawText(QRect(margen, y, ancho, altoGrande), Qt::AlignCenter, titulo);
+    y += altoGrande + 8;
     g.setFont(chica);
-    g.drawText(QRect(0, 95, tamano.width(), 30), Qt::AlignCenter, QStringLiteral("Módulo de adquisiciones"));
-    g.drawText(QRect(0, 125, tamano.width(), 30), Qt::AlignCenter,
-               QStringLiteral("Sistema integral de automatización de bibliotecas"));
-    g.setPen(QPen(QColor(0xf2, 0xe9, 0xd0), 2));
+    g.drawText(QRect(margen, y, ancho, altoChica), Qt::AlignCenter, modulo);
+    y += altoChica;
+    g.drawText(QRect(margen, y, ancho, altoChica), Qt::AlignCenter, suite);
+    g.setPen(QPen(claro, 2));
     g.drawRect(p.rect().adjusted(6, 6, -7, -7));
     return p;
 }
@@ -210,8 +230,8 @@ void FormPrincipal::construye() {
 
     PictureSplash = new QLabel(Picture1);
     PictureSplash->setObjectName(QStringLiteral("PictureSplash"));
-    PictureSplash->setPixmap(Portada(QSize(420, 170)));
-    PictureSplash->setFixedSize(420, 170);
+    PictureSplash->setPixmap(Portada(QSize(460, 180)));
+    PictureSplash->setFixedSize(460, 180);
     PictureSplash->hide();
 
     Timer1 = new QTimer(this);
@@ -334,7 +354,8 @@ bool FormPrincipal::Form_Load() {
     if (porLinea) {
         acceso.Text1->setText(usuario);
         acceso.Text2->setText(clave);
-        ui::Protegido(QStringLiteral("Leepasswd"), [&acceso] { acceso.Command1_Click(); });
+        // Called directly: a failure of the check (an apostrophe in the name) is start-up's own.
+        acceso.Command1_Click();
     } else {
         sistema.MuestraModal(acceso);
         if (acceso.Resultado != QLatin1String("OK")) {
@@ -351,6 +372,13 @@ bool FormPrincipal::Form_Load() {
     PictureSplash->raise();
     Timer1->start();
     return true;
+}
+
+bool FormPrincipal::Arranca() {
+    const ui::ArranqueEnCurso arranque;
+    bool seguir = false;
+    ui::Protegido(QStringLiteral("FormPrincipal"), [this, &seguir] { seguir = Form_Load(); });
+    return seguir;
 }
 
 void FormPrincipal::ConfiguraPermisos() {

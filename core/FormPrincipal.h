@@ -23,9 +23,12 @@ public:
     // The program's command line without the options of its own ("-u usuario -p clave").
     QString LineaComandos;
 
-    // Start-up in the specified order. False when the program must end (no analyst, login refused,
-    // too many attempts); an untrapped engine error propagates to the caller.
+    // Start-up in its order. False when the program must end (no analyst, login refused, too many
+    // attempts); an untrapped engine error propagates to the caller.
     bool Form_Load();
+    // Form_Load as the program runs it: a failure that nothing traps, there or in the login dialog, shows
+    // the default failure box and ends the program. True once the main window stands with an analyst.
+    bool Arranca();
     // Steps 1 to 11: up to the moment the login is asked. False when there is no analyst.
     bool ArranqueHastaLogin();
     void Form_Unload();

@@ -14,7 +14,9 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QScreen>
 #include <QStyle>
+#include <algorithm>
 
 QString TomaElementoComa(const QString& texto, qint16 n) {
     QString resto = texto;
@@ -99,6 +101,17 @@ void Leepasswd::Form_Load() { fallas_ = 0; }
 void Leepasswd::Form_Activate() { Text1->setFocus(); }
 
 void Leepasswd::showEvent(QShowEvent* e) {
+    // Centred over the main window, or over the screen without one, and inside the screen.
+    const QWidget* sobre = parentWidget() ? parentWidget()->window() : nullptr;
+    if (QScreen* pantalla = sobre ? sobre->screen() : screen()) {
+        const QRect libre = pantalla->availableGeometry();
+        const QPoint centro = sobre && sobre->isVisible() ? sobre->frameGeometry().center() : libre.center();
+        QRect lugar(QPoint(), frameGeometry().size().expandedTo(size()));
+        lugar.moveCenter(centro);
+        lugar.moveLeft(std::clamp(lugar.left(), libre.left(), std::max(libre.left(), libre.right() - lugar.width())));
+        lugar.moveTop(std::clamp(lugar.top(), libre.top(), std::max(libre.top(), libre.bottom() - lugar.height())));
+        move(lugar.topLeft());
+    }
     QDialog::showEvent(e);
     Form_Activate();
 }
@@ -122,7 +135,15 @@ bool Leepasswd::eventFilter(QObject* objeto, QEvent* evento) {
 
 void Leepasswd::Command1_Click() {
     Mensaje.clear();
-    globales::LoginAnalista = ValidaAnalista(Text1->text(), Text2->text(), Mensaje);
+    try {
+        globales::LoginAnalista = ValidaAnalista(Text1->text(), Text2->text(), Mensaje);
+    } catch (...) {
+        // An attempt whose check fails (an apostrophe in the name breaks the statement) counts as well;
+        // the failure goes on to the default box, which ends the program.
+        ++fallas_;
+        if (fallas_ >= 4) hide();
+        throw;
+    }
     if (!globales::LoginAnalista.isEmpty()) {
         Resultado = QStringLiteral("OK");
         hide();

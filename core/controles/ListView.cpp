@@ -4,6 +4,7 @@
 #include "core/vb/Error.h"
 
 #include <QCollator>
+#include <QFontMetrics>
 #include <QGroupBox>
 #include <QHeaderView>
 #include <QKeyEvent>
@@ -55,11 +56,27 @@ public:
         p->restore();
     }
 
+    // Every row as tall as its font needs, accents over capitals included.
+    QSize sizeHint(const QStyleOptionViewItem& opcion, const QModelIndex& indice) const override {
+        QSize tamano = QStyledItemDelegate::sizeHint(opcion, indice);
+        tamano.setHeight(std::max(tamano.height(), ListView::AltoRenglon(opcion.font)));
+        return tamano;
+    }
+
 private:
     ListView* lista_;
 };
 
 }  // namespace
+
+int ListView::AltoRenglon(const QFont& letra) {
+    const QFontMetrics m(letra);
+    // The ink of the tallest letters the lists show, above the baseline, and the font's own descent.
+    const QRect tinta = m.tightBoundingRect(QStringLiteral("ÁÉÍÓÚÑÜÂÊÔÅÄÖ|"));
+    const int arriba = std::max(m.ascent(), -tinta.top());
+    const int abajo = std::max(m.descent(), tinta.bottom());
+    return arriba + abajo + 2 * 3;
+}
 
 // ---------------------------------------------------------------------------------------------------------
 // Columns

@@ -116,6 +116,8 @@ public:
     // Column widths are given in twips for the small 8-point face the screens were laid out with, about five
     // pixels a character at 15 twips a pixel; a wider font widens the columns in proportion, never narrows them.
     double PixelesPorTwip() const;
+    // The height of a row in `letra`: the tallest accented capitals and the descenders whole, with a margin.
+    static int AltoRenglon(const QFont& letra);
 
     explicit ListView(QWidget* padre = nullptr);
     ~ListView() override;

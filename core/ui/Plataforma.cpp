@@ -10,6 +10,8 @@
 namespace ui {
 
 namespace {
+bool arrancando = false;
+
 std::unique_ptr<Plataforma>& Instalada() {
     static std::unique_ptr<Plataforma> p;
     return p;
@@ -39,8 +41,10 @@ QString TextoFallaPredeterminada(int numero, const QString& descripcion) {
 
 void Protegido(const QString& origen, const std::function<void()>& manejador) {
     (void)origen;
+    bool fallo = true;
     try {
         manejador();
+        fallo = false;
     } catch (const vb::Error& e) {
         MuestraFalla(e.Number(), e.Description());
     } catch (const std::bad_alloc&) {
@@ -50,7 +54,18 @@ void Protegido(const QString& origen, const std::function<void()>& manejador) {
     } catch (...) {
         MuestraFalla(51, QStringLiteral("Error interno"));
     }
+    // Before the main window stands there is nothing to go back to: the box, then the end.
+    if (fallo && arrancando) {
+        try {
+            Sistema().Termina();
+        } catch (...) {
+        }
+    }
 }
+
+ArranqueEnCurso::ArranqueEnCurso() : anterior_(arrancando) { arrancando = true; }
+ArranqueEnCurso::~ArranqueEnCurso() { arrancando = anterior_; }
+bool ArranqueEnCurso::Activo() { return arrancando; }
 
 CursorEspera::CursorEspera(QWidget* pantalla) : pantalla_(pantalla) {
     if (pantalla_) pantalla_->setCursor(Qt::WaitCursor);

@@ -91,9 +91,25 @@ Plataforma& Sistema();
 void InstalaPlataforma(std::unique_ptr<Plataforma> p);
 
 // Runs a handler the way the program runs every handler that traps nothing: an error that escapes it is
-// shown in the program's default failure box (the error's number and description, critical icon), what
-// ran before stays applied, and the program goes on. Never lets an exception reach the event loop.
+// shown in the program's default failure box (the error's number and description, critical icon) and what
+// ran before stays applied. Once the main window stands the program goes on; before that (start-up and the
+// login) the box is followed by the program's end. Never lets an exception reach the event loop.
 void Protegido(const QString& origen, const std::function<void()>& manejador);
+
+// The start of the program, while it lasts: from the opening of the database until the main window stands.
+// A failure that nothing traps meanwhile ends the program after its box. Nested starts are one.
+class ArranqueEnCurso {
+public:
+    ArranqueEnCurso();
+    ~ArranqueEnCurso();
+    ArranqueEnCurso(const ArranqueEnCurso&) = delete;
+    ArranqueEnCurso& operator=(const ArranqueEnCurso&) = delete;
+    // Whether the program is starting now.
+    static bool Activo();
+
+private:
+    bool anterior_;
+};
 
 // Connects a signal to a handler of a screen (a member function without arguments), run through Protegido:
 // whatever the handler throws ends in the failure box, never in the event loop. The connection ends with

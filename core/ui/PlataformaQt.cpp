@@ -9,6 +9,11 @@
 #include <QFile>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QFontMetrics>
+#include <QGridLayout>
+#include <QHash>
+#include <QLibraryInfo>
+#include <QLocale>
 #include <QMessageBox>
 #include <QPageSetupDialog>
 #include <QPrintDialog>
@@ -17,7 +22,9 @@
 #include <QRegularExpression>
 #include <QStringDecoder>
 #include <QTextBrowser>
+#include <QSpacerItem>
 #include <QTimer>
+#include <QTranslator>
 #include <QUrl>
 
 #include <arpa/inet.h>
@@ -76,6 +83,14 @@ int PlataformaQt::MsgBox(const QString& texto, int flags, const QString& titulo)
         case vbNo: boton->setText(QStringLiteral("&No")); break;
         }
     }
+    // The whole title in the title bar: the box is at least as wide as the title, its frame's buttons and
+    // margins. The bar's font is the window manager's; a bold one of the program's size is a fair measure.
+    QFont letraTitulo = caja.font();
+    letraTitulo.setBold(true);
+    const int anchoTitulo = QFontMetrics(letraTitulo).horizontalAdvance(caja.windowTitle()) + 140;
+    if (auto* rejilla = qobject_cast<QGridLayout*>(caja.layout()))
+        rejilla->addItem(new QSpacerItem(anchoTitulo, 0, QSizePolicy::Minimum, QSizePolicy::Fixed), rejilla->rowCount(), 0,
+                         1, rejilla->columnCount());
     const size_t predeterminado = static_cast<size_t>((flags & 0x300) >> 8);
     caja.setDefaultButton(botones[predeterminado < botones.size() ? predeterminado : 0].qt);
     caja.exec();
@@ -123,6 +138,43 @@ QStringList FiltrosQt(const QString& filtro) {
 
 namespace {
 
+// Pattern i (1-based) of a filter "Texto (*.htm)|*.htm|Todos (*.*)|*.*"; out of range, the first.
+QString PatronDelFiltro(const QString& filtro, int indiceFiltro) {
+    const QStringList partes = filtro.split(u'|');
+    const int pares = static_cast<int>((partes.size() + 1) / 2);
+    if (pares == 0) return QString();
+    const int i = indiceFiltro >= 1 && indiceFiltro <= pares ? indiceFiltro : 1;
+    const qsizetype posicion = 2 * (i - 1) + 1;
+    return posicion < partes.size() ? partes[posicion] : QString();
+}
+
+}  // namespace
+
+QString ExtensionDelFiltro(const QString& filtro, int indiceFiltro) {
+    const QString primero = PatronDelFiltro(filtro, indiceFiltro).section(u';', 0, 0).trimmed();
+    static const QRegularExpression simple(QStringLiteral("^\\*\\.([^*?\\[\\]/\\\\ ]+)$"));
+    const QRegularExpressionMatch m = simple.match(primero);
+    if (!m.hasMatch()) return QString();
+    const QString extension = m.captured(1);
+    return extension.endsWith(u'.') ? QString() : extension;
+}
+
+QString ConExtensionDelFiltro(const QString& archivo, const QString& filtro, int indiceFiltro) {
+    const qsizetype barra = std::max(archivo.lastIndexOf(u'/'), archivo.lastIndexOf(u'\\'));
+    const QString nombre = archivo.mid(barra + 1);
+    if (nombre.isEmpty()) return archivo;
+    const qsizetype punto = nombre.lastIndexOf(u'.');
+    // "informe.txt" has one; ".oculto" and "informe." don't.
+    if (punto > 0 && punto < nombre.size() - 1) return archivo;
+    const QString extension = ExtensionDelFiltro(filtro, indiceFiltro);
+    if (extension.isEmpty()) return archivo;
+    QString resultado = archivo;
+    while (resultado.endsWith(u'.') && resultado.size() > barra + 2) resultado.chop(1);
+    return resultado + u'.' + extension;
+}
+
+namespace {
+
 enum : int { cdlOFNOverwritePrompt = 2 };
 
 bool DialogoDeArchivo(DialogoArchivo& d, bool guardar) {
@@ -135,6 +187,15 @@ bool DialogoDeArchivo(DialogoArchivo& d, bool guardar) {
         dialogo.setNameFilters(filtros);
         const int i = d.indiceFiltro >= 1 && d.indiceFiltro <= filtros.size() ? d.indiceFiltro : 1;
         dialogo.selectNameFilter(filtros[i - 1]);
+        if (guardar) {
+            // The dialog adds the chosen filter's extension itself, so that its question before
+            // overwriting is about the file that will be written.
+            const QString filtro = d.filtro;
+            dialogo.setDefaultSuffix(ExtensionDelFiltro(filtro, i));
+            QObject::connect(&dialogo, &QFileDialog::filterSelected, &dialogo, [&dialogo, filtros, filtro](const QString& elegido) {
+                dialogo.setDefaultSuffix(ExtensionDelFiltro(filtro, static_cast<int>(filtros.indexOf(elegido)) + 1));
+            });
+        }
     }
     if (!d.archivo.isEmpty()) dialogo.selectFile(d.archivo);
     if (dialogo.exec() != QDialog::Accepted || dialogo.selectedFiles().isEmpty()) {
@@ -146,6 +207,7 @@ bool DialogoDeArchivo(DialogoArchivo& d, bool guardar) {
     if (!filtros.isEmpty()) {
         const qsizetype i = filtros.indexOf(dialogo.selectedNameFilter());
         if (i >= 0) d.indiceFiltro = static_cast<int>(i) + 1;
+        if (guardar) d.archivo = ConExtensionDelFiltro(d.archivo, d.filtro, d.indiceFiltro);
     }
     return true;
 }
@@ -154,6 +216,55 @@ bool DialogoDeArchivo(DialogoArchivo& d, bool guardar) {
 
 bool PlataformaQt::AbreArchivo(DialogoArchivo& d) { return DialogoDeArchivo(d, false); }
 bool PlataformaQt::GuardaArchivo(DialogoArchivo& d) { return DialogoDeArchivo(d, true); }
+
+// ---------------------------------------------------------------------------------------------------------
+// Qt's own texts in Spanish
+
+namespace {
+
+// What Qt's Spanish catalogue still lacks of the dialogs the program shows: the kinds of entry in the file
+// dialog's list. Asked before the catalogue, it answers only these.
+class ComplementoEspanol : public QTranslator {
+public:
+    using QTranslator::QTranslator;
+    bool isEmpty() const override { return false; }
+    QString translate(const char* contexto, const char* texto, const char* desambiguacion, int n) const override {
+        (void)desambiguacion;
+        (void)n;
+        if (qstrcmp(contexto, "QAbstractFileIconProvider") != 0 || !texto) return QString();
+        static const QHash<QByteArray, QString> textos = {
+            {"Folder", QStringLiteral("Carpeta")},
+            {"File Folder", QStringLiteral("Carpeta de archivos")},
+            {"Drive", QStringLiteral("Unidad")},
+            {"File", QStringLiteral("Archivo")},
+            {"%1 File", QStringLiteral("Archivo %1")},
+        };
+        return textos.value(QByteArray(texto));
+    }
+};
+
+}  // namespace
+
+bool CargaTraducciones() {
+    static bool cargada = false;
+    static bool hecho = false;
+    if (hecho || !QCoreApplication::instance()) return cargada;
+    hecho = true;
+    // Dates and month names in the toolkit's own widgets (the file dialog's list) in Spanish as well; the
+    // program's own formats don't depend on it.
+    QLocale::setDefault(QLocale(QLocale::Spanish, QLocale::Mexico));
+    const QString carpeta = QLibraryInfo::path(QLibraryInfo::TranslationsPath);
+    for (const char* nombre : {"qtbase_es", "qt_es"}) {
+        auto* traductor = new QTranslator(QCoreApplication::instance());
+        if (traductor->load(QString::fromLatin1(nombre), carpeta) && QCoreApplication::installTranslator(traductor)) {
+            if (qstrcmp(nombre, "qtbase_es") == 0) cargada = true;
+        } else {
+            delete traductor;
+        }
+    }
+    QCoreApplication::installTranslator(new ComplementoEspanol(QCoreApplication::instance()));
+    return cargada;
+}
 
 // ---------------------------------------------------------------------------------------------------------
 // The rest of the system
@@ -214,8 +325,26 @@ bool PlataformaQt::IniciaPrograma(const QString& ruta) {
     return QProcess::startDetached(programa, partes);
 }
 
+namespace {
+std::vector<std::function<void()>>& TareasAlTerminar() {
+    static auto* tareas = new std::vector<std::function<void()>>;
+    return *tareas;
+}
+}  // namespace
+
+void PlataformaQt::AlTerminar(std::function<void()> tarea) { TareasAlTerminar().push_back(std::move(tarea)); }
+
 void PlataformaQt::Termina() {
-    // The language's End: nothing after it runs.
+    // The language's End: nothing after it runs. What the program asked for runs first, before the
+    // destructors of its statics, whose order between files nobody fixes.
+    auto tareas = std::move(TareasAlTerminar());
+    TareasAlTerminar().clear();
+    for (auto& tarea : tareas) {
+        try {
+            tarea();
+        } catch (...) {
+        }
+    }
     if (QCoreApplication::instance()) QCoreApplication::exit(0);
     std::exit(0);
 }

@@ -12,6 +12,10 @@ namespace ui {
 
 class PlataformaQt : public Plataforma {
 public:
+    // What must be done before the program ends by Termina (closing the database while the rest of the
+    // program still stands); run once, in order.
+    static void AlTerminar(std::function<void()> tarea);
+
     int MsgBox(const QString& texto, int flags = vbOKOnly, const QString& titulo = QString()) override;
     void MuestraModal(QDialog& pantalla) override;
     void Muestra(QWidget& pantalla) override;
@@ -28,9 +32,23 @@ public:
     QString DirectorioActual() override;
 };
 
+// Installs Qt's own Spanish translations (file, print and page set-up dialogs, standard buttons):
+// "qtbase_es" and, where it stands, "qt_es", from Qt's translations folder. Once per program; true when
+// "qtbase_es" is in place.
+bool CargaTraducciones();
+
 // The file dialog's filter "Texto (*.txt)|*.txt|Todos (*.*)|*.*" as Qt's name filters, one per pair:
 // "Texto (*.txt)", "Todos (*.*)". Several patterns "*.xls;*.xlsx" become "*.xls *.xlsx".
 QStringList FiltrosQt(const QString& filtro);
+
+// The name a save dialog returns: a file name without an extension takes the first pattern's extension of
+// the chosen filter (1-based index into "Texto (*.htm)|*.htm|..."); a name with one keeps it, and so does
+// any name when that filter has no plain extension ("*.*", "*").
+QString ConExtensionDelFiltro(const QString& archivo, const QString& filtro, int indiceFiltro);
+
+// The plain extension of the first pattern of filter `indiceFiltro` ("htm" for "*.htm;*.html"); empty when
+// the pattern has none.
+QString ExtensionDelFiltro(const QString& filtro, int indiceFiltro);
 
 // A document's text by its declared encoding (meta charset or XML declaration); without one, UTF-8 when the
 // bytes are valid UTF-8 and Windows-1252 otherwise.

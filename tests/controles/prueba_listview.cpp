@@ -206,4 +206,29 @@ TEST_F(Lista, EstilosYEventos) {
     EXPECT_EQ(clics, 1);
 }
 
+// Rows hold the whole of an accented capital and of a descender, at the list's font and at a larger one.
+TEST_F(Lista, RenglonesConElAltoQueLaLetraPide) {
+    for (int puntos : {0, 16}) {
+        if (puntos) {
+            QFont grande = lista.font();
+            grande.setPointSize(puntos);
+            lista.setFont(grande);
+        }
+        lista.ListItems().Clear();
+        Agrega(QStringLiteral("001"), QStringLiteral("ÓSCAR ÁVILA ÑÚÑEZ"), QStringLiteral("pág"));
+        Agrega(QStringLiteral("002"), QStringLiteral("Ébano y jengibre"), QStringLiteral("Ü"));
+        lista.resize(500, 300);
+        lista.show();
+        QCoreApplication::processEvents();
+        const QFontMetrics m(lista.font());
+        const QRect tinta = m.tightBoundingRect(QStringLiteral("ÓÁÑÉÜgjpq"));
+        for (int i = 1; i <= 2; ++i) {
+            const QRect renglon = lista.visualItemRect(&lista.ListItems()(i));
+            EXPECT_GE(renglon.height(), tinta.height() + 2) << puntos << " " << i;
+            EXPECT_GE(renglon.height(), m.height()) << puntos << " " << i;
+        }
+        lista.hide();
+    }
+}
+
 }  // namespace

@@ -16,6 +16,7 @@
 #include <QFile>
 #include <QLabel>
 #include <QLineEdit>
+#include <QPushButton>
 #include <QTemporaryDir>
 #include <QToolButton>
 #include <gtest/gtest.h>
@@ -209,15 +210,88 @@ TEST_F(Arranque, CancelarElDialogoTerminaElPrograma) {
     EXPECT_TRUE(sistema->terminado);
 }
 
-TEST_F(Arranque, ApostrofoEnElLoginLlegaALaFallaPredeterminada) {
+// Before the main window stands, a failure that nothing traps is the failure box and then the end.
+TEST_F(Arranque, ApostrofoEnLaLineaDeComandosTerminaTrasLaFalla) {
     creaBase();
     FormPrincipal f;
     f.LineaComandos = QStringLiteral("-u o'brien -p x");
-    ASSERT_TRUE(f.Form_Load());
+    EXPECT_FALSE(f.Arranca());
     ASSERT_EQ(sistema->cajas.size(), 1u);
     EXPECT_EQ(sistema->cajas[0].flags, ui::vbCritical);
-    EXPECT_TRUE(sistema->cajas[0].texto.contains(QStringLiteral("3075"))) << sistema->cajas[0].texto.toStdString();
-    EXPECT_EQ(f.LblTipo->text(), QStringLiteral(" Visitante"));
+    EXPECT_TRUE(sistema->cajas[0].texto.startsWith(QStringLiteral("Se produjo el error 3075\r\n"))) << sistema->cajas[0].texto.toStdString();
+    EXPECT_TRUE(sistema->terminado);
+    EXPECT_TRUE(sistema->modales.isEmpty());
+    EXPECT_TRUE(f.LblTipo->text().isEmpty());
+}
+
+// The attempts typed in the dialog go through its buttons, as a person's would, each answered here.
+TEST_F(Arranque, ElDialogoCuentaCadaIntentoTambienLosQueFallan) {
+    creaBase();
+    struct Caso {
+        const char* nombre;
+        QStringList intentos;
+        QStringList cajas;             // "falla" for the default failure box
+        int terminacionesTrasLaPrimera;
+    };
+    const QString falla = QStringLiteral("falla");
+    const std::vector<Caso> casos = {
+        // The box of the broken statement, then the end; the attempt counts toward the four.
+        {"apostrofo y tres claves", {"o'x/1", "admin/2", "admin/3", "admin/4"},
+         {falla, "Clave Erronea", "Clave Erronea", "Ha hecho demasiados intentos"}, 1},
+        {"tres claves y apostrofo", {"admin/1", "admin/2", "admin/3", "d'Ávila/4"},
+         {"Clave Erronea", "Clave Erronea", "Clave Erronea", falla}, 0},
+        {"cuatro apostrofos", {"a'/1", "b'/2", "c'/3", "d'/4"}, {falla, falla, falla, falla}, 1},
+        // Nothing left to count once the fourth has gone: the dialog is closed.
+        {"un quinto no llega", {"a'/1", "admin/2", "b'/3", "admin/4", "admin/admin"},
+         {falla, "Clave Erronea", falla, "Ha hecho demasiados intentos"}, 1},
+    };
+    for (const Caso& c : casos) {
+        SCOPED_TRACE(c.nombre);
+        sistema->cajas.clear();
+        sistema->terminado = false;
+        sistema->terminaciones = 0;
+        globales::LoginAnalista.clear();
+        int terminacionesTrasLaPrimera = -1;
+        sistema->AlMostrar(QStringLiteral("Leepasswd"), [&](QDialog& d) {
+            auto& acceso = static_cast<Leepasswd&>(d);
+            acceso.show();
+            for (const auto& intento : c.intentos) {
+                if (!acceso.isVisible()) break;
+                acceso.Text1->setText(intento.section(u'/', 0, 0));
+                acceso.Text2->setText(intento.section(u'/', 1));
+                acceso.Command1->click();
+                if (terminacionesTrasLaPrimera < 0) terminacionesTrasLaPrimera = sistema->terminaciones;
+            }
+        });
+        FormPrincipal f;
+        EXPECT_FALSE(f.Arranca());
+        QStringList vistas;
+        for (const auto& caja : sistema->cajas)
+            vistas << (caja.texto.startsWith(QStringLiteral("Se produjo el error 3075\r\n")) ? falla : caja.texto);
+        EXPECT_EQ(vistas, c.cajas);
+        for (const auto& caja : sistema->cajas) EXPECT_EQ(caja.flags, ui::vbCritical);
+        // The program's end follows the first failure box at once.
+        EXPECT_EQ(terminacionesTrasLaPrimera, c.terminacionesTrasLaPrimera);
+        EXPECT_TRUE(sistema->terminado);
+        EXPECT_TRUE(globales::LoginAnalista.isEmpty());
+        globales::BaseDatos.reset();
+    }
+}
+
+// Once the window stands, the same failure is the box and back to the screen.
+TEST_F(Arranque, TrasElArranqueLaFallaNoTermina) {
+    creaBase();
+    FormPrincipal f;
+    f.LineaComandos = QStringLiteral("-u admin -p admin");
+    ASSERT_TRUE(f.Arranca());
+    EXPECT_FALSE(sistema->terminado);
+    ui::Protegido(QStringLiteral("Leepasswd"), [] {
+        QString mensaje;
+        ValidaAnalista(QStringLiteral("o'brien"), QStringLiteral("x"), mensaje);
+    });
+    ASSERT_EQ(sistema->cajas.size(), 1u);
+    EXPECT_TRUE(sistema->cajas[0].texto.startsWith(QStringLiteral("Se produjo el error 3075")));
+    EXPECT_FALSE(sistema->terminado);
 }
 
 TEST_F(Arranque, UnLoginLargoYAnidadoEsUnErrorDelMotorNoUnaCaida) {
@@ -254,13 +328,22 @@ TEST_F(Arranque, RedInstitucionalPorElPrefijoDeLaDireccion) {
 
 // The refusal of an older file, and that it is left untouched, is the engine's (prueba_esquema).
 TEST_F(Arranque, SinBaseElArranqueFallaConElErrorDelMotor) {
-    FormPrincipal f;
-    try {
-        f.Form_Load();
-        ADD_FAILURE() << "arrancó sin base";
-    } catch (const vb::Error& e) {
-        EXPECT_EQ(e.Number(), 3024);
+    {
+        FormPrincipal f;
+        try {
+            f.Form_Load();
+            ADD_FAILURE() << "arrancó sin base";
+        } catch (const vb::Error& e) {
+            EXPECT_EQ(e.Number(), 3024);
+        }
     }
+    // As the program runs it: the engine's error is the first thing seen, and then the end.
+    FormPrincipal f;
+    EXPECT_FALSE(f.Arranca());
+    ASSERT_EQ(sistema->cajas.size(), 1u);
+    EXPECT_TRUE(sistema->cajas[0].texto.startsWith(QStringLiteral("Se produjo el error 3024\r\n")));
+    EXPECT_EQ(sistema->terminaciones, 1);
+    EXPECT_TRUE(sistema->modales.isEmpty());
 }
 
 TEST_F(Arranque, BotonesDeLaVentanaPrincipal) {

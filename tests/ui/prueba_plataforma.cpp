@@ -5,6 +5,13 @@
 #include "core/ui/PlataformaQt.h"
 
 #include <QDialog>
+#include <QFileDialog>
+#include <QTemporaryDir>
+#include <QFontMetrics>
+#include <QTimer>
+#include <QDialogButtonBox>
+#include <QLibraryInfo>
+#include <QPushButton>
 #include <QFile>
 #include <QLineEdit>
 #include <QRegularExpression>
@@ -41,6 +48,34 @@ TEST_F(Plataforma_, ProtegidoMuestraLaFallaYNoLaDejaSalir) {
     // A handler that ends well shows nothing.
     ui::Protegido(QString(), [] {});
     EXPECT_EQ(sistema->cajas.size(), 3u);
+    EXPECT_FALSE(sistema->terminado);
+}
+
+TEST_F(Plataforma_, DuranteElArranqueLaFallaTerminaElPrograma) {
+    {
+        const ui::ArranqueEnCurso arranque;
+        ui::Protegido(QString(), [] {});
+        EXPECT_EQ(sistema->terminaciones, 0);
+        {
+            const ui::ArranqueEnCurso anidado;
+        }
+        // The end comes after the box.
+        int terminacionesAlMostrar = -1;
+        sistema->contesta = [this, &terminacionesAlMostrar](const ui::CajaMensaje&) {
+            terminacionesAlMostrar = sistema->terminaciones;
+            return ui::vbOK;
+        };
+        ui::Protegido(QString(), [] { throw vb::Error(3024, QStringLiteral("No se encontró el archivo")); });
+        sistema->contesta = nullptr;
+        EXPECT_EQ(terminacionesAlMostrar, 0);
+        ASSERT_EQ(sistema->cajas.size(), 1u);
+        EXPECT_EQ(sistema->cajas[0].texto, QStringLiteral("Se produjo el error 3024\r\nNo se encontró el archivo"));
+        EXPECT_EQ(sistema->terminaciones, 1);
+    }
+    EXPECT_FALSE(ui::ArranqueEnCurso::Activo());
+    ui::Protegido(QString(), [] { throw vb::Error(3022, QStringLiteral("Valor duplicado")); });
+    EXPECT_EQ(sistema->cajas.size(), 2u);
+    EXPECT_EQ(sistema->terminaciones, 1);
 }
 
 TEST_F(Plataforma_, ArchivosYVistas) {
@@ -101,6 +136,107 @@ TEST(PlataformaQt, FiltrosYCodificaciones) {
     EXPECT_EQ(ui::DecodificaDocumento(QByteArray("<meta charset=utf-8>\xC3\xB1")), QStringLiteral("<meta charset=utf-8>ñ"));
     EXPECT_EQ(ui::DecodificaDocumento(QByteArray("a\xC3\xB1")), QStringLiteral("añ"));
     EXPECT_EQ(ui::DecodificaDocumento(QByteArray("\x80 \x93x\x94")), QStringLiteral("€ “x”"));
+}
+
+// What a save dialog returns: a bare name takes the chosen filter's extension, a name with one keeps it.
+TEST(PlataformaQt, ExtensionDelFiltroAlGuardar) {
+    const QString filtro = QStringLiteral("Texto (*.htm)|*.htm|Documento XML (*.xml)|*.xml|Libros (*.xls;*.xlsx)|*.xls;*.xlsx|Todos (*.*)|*.*");
+    const struct {
+        const char* archivo;
+        int indice;
+        const char* esperado;
+    } casos[] = {
+        {"/home/ana/pedido4", 1, "/home/ana/pedido4.htm"},
+        {"/home/ana/pedido4", 2, "/home/ana/pedido4.xml"},
+        {"/home/ana/pedido4", 3, "/home/ana/pedido4.xls"},     // the first of several patterns
+        {"/home/ana/pedido4", 4, "/home/ana/pedido4"},         // "*.*" names no extension
+        {"/home/ana/pedido4", 0, "/home/ana/pedido4.htm"},     // out of range: the first filter
+        {"/home/ana/pedido4", 9, "/home/ana/pedido4.htm"},
+        {"/home/ana/pedido4.txt", 1, "/home/ana/pedido4.txt"}, // an extension of its own stays
+        {"/home/ana/pedido4.HTM", 2, "/home/ana/pedido4.HTM"},
+        {"/home/ana.v2/pedido4", 1, "/home/ana.v2/pedido4.htm"},  // a dot in a folder is no extension
+        {"C:\\datos.1\\pedido4", 2, "C:\\datos.1\\pedido4.xml"},
+        {"/home/ana/.pedido", 1, "/home/ana/.pedido.htm"},
+        {"/home/ana/pedido4.", 1, "/home/ana/pedido4.htm"},
+        {"/home/ana/", 1, "/home/ana/"},
+        {"pedido de mayo", 1, "pedido de mayo.htm"},
+    };
+    for (const auto& c : casos)
+        EXPECT_EQ(ui::ConExtensionDelFiltro(QString::fromUtf8(c.archivo), filtro, c.indice), QString::fromUtf8(c.esperado))
+            << c.archivo << " " << c.indice;
+    // Filters without a plain extension, or none at all, leave the name alone.
+    EXPECT_EQ(ui::ConExtensionDelFiltro(QStringLiteral("pedido4"), QStringLiteral("Todo|*"), 1), QStringLiteral("pedido4"));
+    EXPECT_EQ(ui::ConExtensionDelFiltro(QStringLiteral("pedido4"), QStringLiteral("Copias (pedido?.*)|pedido?.*"), 1), QStringLiteral("pedido4"));
+    EXPECT_EQ(ui::ConExtensionDelFiltro(QStringLiteral("pedido4"), QString(), 1), QStringLiteral("pedido4"));
+    EXPECT_EQ(ui::ExtensionDelFiltro(QStringLiteral("Intercambio (*.exp)|*.exp"), 1), QStringLiteral("exp"));
+}
+
+// The real save dialog, answered as a person would: a bare name comes back with the chosen filter's
+// extension, and the filter chosen is reported.
+TEST(PlataformaQt, DialogoDeGuardarAgregaLaExtension) {
+    QTemporaryDir carpeta;
+    ASSERT_TRUE(carpeta.isValid());
+    ui::PlataformaQt plataforma;
+    const QString filtro = QStringLiteral("Página HTML (*.htm)|*.htm|Documento XML (*.xml)|*.xml|Todos (*.*)|*.*");
+    const struct {
+        const char* escrito;
+        int filtroElegido;      // 0: the one offered
+        const char* esperado;
+        int indice;
+    } casos[] = {{"pedido4", 0, "pedido4.htm", 1}, {"pedido4", 2, "pedido4.xml", 2}, {"pedido4.txt", 0, "pedido4.txt", 1},
+                 {"pedido4", 3, "pedido4", 3}};
+    for (const auto& c : casos) {
+        const QStringList filtros = ui::FiltrosQt(filtro);
+        QTimer::singleShot(0, [&] {
+            auto* dialogo = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
+            if (!dialogo) return;
+            if (c.filtroElegido) {
+                dialogo->selectNameFilter(filtros[c.filtroElegido - 1]);
+                emit dialogo->filterSelected(filtros[c.filtroElegido - 1]);
+            }
+            dialogo->selectFile(carpeta.filePath(QString::fromUtf8(c.escrito)));
+            QMetaObject::invokeMethod(dialogo, "accept");
+        });
+        ui::DialogoArchivo d{QStringLiteral("Guardar pedido"), filtro, 1, carpeta.filePath(QStringLiteral("x")), 0};
+        ASSERT_TRUE(plataforma.GuardaArchivo(d)) << c.escrito;
+        EXPECT_EQ(d.archivo, carpeta.filePath(QString::fromUtf8(c.esperado))) << c.escrito << " " << c.filtroElegido;
+        EXPECT_EQ(d.indiceFiltro, c.indice);
+    }
+}
+
+// Qt's own dialogs and buttons speak Spanish once the translations are loaded.
+TEST(PlataformaQt, TraduccionesDeQtEnEspanol) {
+    ASSERT_TRUE(ui::CargaTraducciones()) << "qtbase_es.qm en " << QLibraryInfo::path(QLibraryInfo::TranslationsPath).toStdString();
+    EXPECT_TRUE(ui::CargaTraducciones());   // once is enough, twice does no harm
+    QDialogButtonBox botones(QDialogButtonBox::Yes | QDialogButtonBox::No | QDialogButtonBox::Cancel | QDialogButtonBox::Save);
+    EXPECT_EQ(botones.button(QDialogButtonBox::Yes)->text().remove(u'&'), QStringLiteral("Sí"));
+    EXPECT_EQ(botones.button(QDialogButtonBox::Cancel)->text().remove(u'&'), QStringLiteral("Cancelar"));
+    EXPECT_EQ(botones.button(QDialogButtonBox::Save)->text().remove(u'&'), QStringLiteral("Guardar"));
+    // The file dialog's own words.
+    EXPECT_NE(QCoreApplication::translate("QFileDialog", "Look in:"), QStringLiteral("Look in:"));
+    EXPECT_NE(QCoreApplication::translate("QPrintDialog", "Print"), QStringLiteral("Print"));
+    // What the catalogue lacks comes from the program; the rest is left to the catalogue.
+    EXPECT_EQ(QCoreApplication::translate("QAbstractFileIconProvider", "Folder", "All other platforms"), QStringLiteral("Carpeta"));
+    EXPECT_EQ(QCoreApplication::translate("QFileDialog", "Look in:"), QStringLiteral("Ver en:"));
+}
+
+// A box is at least as wide as its title, whatever the length of its text.
+TEST(PlataformaQt, CajaTanAnchaComoSuTitulo) {
+    ui::PlataformaQt plataforma;
+    for (const QString& titulo : {QStringLiteral("Actualización de tabla para Material Complementario"),
+                                  QStringLiteral("Actualización de tabla [ Solicitudes Libros ] - una larga, muy larga")}) {
+        int ancho = 0;
+        QTimer::singleShot(0, [&ancho] {
+            if (QWidget* caja = QApplication::activeModalWidget()) {
+                ancho = caja->width();
+                caja->close();
+            }
+        });
+        EXPECT_EQ(plataforma.MsgBox(QStringLiteral("Sí"), ui::vbCritical, titulo), ui::vbOK);
+        QFont negrita = QApplication::font();
+        negrita.setBold(true);
+        EXPECT_GT(ancho, QFontMetrics(negrita).horizontalAdvance(titulo)) << titulo.toStdString();
+    }
 }
 
 TEST(PlataformaQt, VistaSobreQTextBrowser) {
