@@ -26,6 +26,14 @@ protected:
         Ejecuta("INSERT INTO [Solicitudes General] (NoSolicitud, Fecha, Solicitante, NoEscuela, NoBiblioteca, Estado) "
                 "VALUES (7, #2024/05/01#, 'Eva', 9, NULL, 'R')");
     }
+    // The editor opened on request n from the list, as its button does.
+    void AbreParaCambiar(Sol_Edi& e, Sol1& lista, int n) {
+        globales::NavModo = 2;
+        globales::NavCampo = QStringLiteral("NoSolicitud");
+        globales::NavValor = vb::Variant(QString::number(n));
+        e.Lista = &lista;
+        e.Form_Load();
+    }
 };
 
 // ---- Sol1 -------------------------------------------------------------------------------------------------
@@ -267,12 +275,8 @@ TEST_F(PruebaSolicitudes, CambiarSobrescribeCapturaYRefrescaLaLista) {
     Ejecuta("UPDATE [Solicitudes General] SET IdFinanciamiento=1, IdCapturista='pepe' WHERE NoSolicitud=2");
     Sol1 lista;
     lista.Form_Load();
-    globales::NavModo = 2;
-    globales::NavCampo = QStringLiteral("NoSolicitud");
-    globales::NavValor = vb::Variant(QStringLiteral("2"));
     Sol_Edi e;
-    e.Lista = &lista;
-    e.Form_Load();
+    AbreParaCambiar(e, lista, 2);
     EXPECT_EQ(e.Label6->text(), QStringLiteral("2"));
     EXPECT_EQ(e.Text3->text(), QStringLiteral("Marta"));
     EXPECT_EQ(e.Text5->text(), QStringLiteral("2"));
@@ -294,12 +298,8 @@ TEST_F(PruebaSolicitudes, FallaAtrapadaAlGrabarDaLaCajaDelProgramaYLaPantallaSig
     TresSolicitudes();
     Sol1 lista;
     lista.Form_Load();
-    globales::NavModo = 2;
-    globales::NavCampo = QStringLiteral("NoSolicitud");
-    globales::NavValor = vb::Variant(QStringLiteral("1"));
     Sol_Edi e;
-    e.Lista = &lista;
-    e.Form_Load();
+    AbreParaCambiar(e, lista, 1);
     // The list's statement fails once the head is written: the schools' table is gone.
     Ejecuta("DROP TABLE Escuelas");
     vb::Error esperado(0, QString());
