@@ -4,9 +4,9 @@
 #include "core/jet/Lexer.h"
 
 #include <QRegularExpression>
+#include <QSet>
 
 #include <cmath>
-#include <QSet>
 
 namespace jet {
 
