@@ -11,6 +11,7 @@
 #include "core/LineaComandos.h"
 #include "core/ui/Plataforma.h"
 #include "core/ui/PlataformaQt.h"
+#include "finance/Registro.h"
 #include "core/dao/Dao.h"
 #include "reports/Registro.h"
 #include "workflow/Registro.h"
@@ -32,6 +33,7 @@ int main(int argc, char** argv) {
     catalogo::RegistraComandos();
     reportes::RegistraComandos();
     flujo::RegistraComandos();
+    finanzas::RegistraComandos();
 
     QStringList argumentos = app.arguments().mid(1);
     QString captura, abrir;

@@ -87,6 +87,8 @@ void FormPrincipal::RegistraPantalla(const QString& comando, Apertura abre) { Pa
 
 bool FormPrincipal::PantallaDisponible(const QString& comando) { return Pantallas().contains(comando); }
 
+void FormPrincipal::MuestraModal(QDialog& pantalla) { ui::Sistema().MuestraModal(pantalla); }
+
 void FormPrincipal::Ejecuta(const QString& comando) {
     auto it = Pantallas().constFind(comando);
     if (it == Pantallas().constEnd()) return;

@@ -2,6 +2,7 @@
 // The main window and start-up object: Form_Load opens the database, reads the settings, brings the schema
 // up to date, logs the analyst in and sets the session; then the window offers the menu and the picture
 // buttons that open every screen.
+#include <QDialog>
 #include <QMainWindow>
 #include <QHash>
 #include <QStringList>
@@ -81,6 +82,15 @@ public:
     using Apertura = std::function<void(FormPrincipal&)>;
     static void RegistraPantalla(const QString& comando, Apertura abre);
     static bool PantallaDisponible(const QString& comando);
+    // The usual opening: the screen over the main window, loaded, shown modally.
+    template <class Pantalla>
+    static void RegistraModal(const QString& comando) {
+        RegistraPantalla(comando, [](FormPrincipal& principal) {
+            Pantalla pantalla(&principal);
+            pantalla.Form_Load();
+            MuestraModal(pantalla);
+        });
+    }
     void Ejecuta(const QString& comando);
 
 protected:
@@ -88,6 +98,7 @@ protected:
     void closeEvent(QCloseEvent* e) override;
 
 private:
+    static void MuestraModal(QDialog& pantalla);
     static QHash<QString, Apertura>& Pantallas();
     QWidget* Picture1;
     QMenu* menus_[6] = {};
