@@ -184,9 +184,8 @@ QString Consultas_in(ConsultaDatos& c) {
         if (!c.Orden.isEmpty()) sql += QStringLiteral(" order by ") + c.Orden;
         LeeValores(sql, resultado);
     } catch (const vb::Error& e) {
-        ui::Sistema().MsgBox(QStringLiteral("Error ") + QString::number(e.Number()) + QStringLiteral(" (") + e.Description() +
-                                 QStringLiteral(") in procedure Consultas_in of Módulo Datos") + CrLf +
-                                 QStringLiteral("linea:  1"),
+        ui::Sistema().MsgBox(ui::TextoFallaAtrapada(e.Number(), e.Description(), QStringLiteral("Consultas_in"),
+                                                    QStringLiteral("Módulo Datos"), 1),
                              ui::vbCritical, QStringLiteral("ConsultaIN"));
     }
     return resultado;

@@ -153,9 +153,8 @@ void Recep::Command1_Click() {
         paso = 2;
         Registrar();
     } catch (const vb::Error& e) {
-        ui::Sistema().MsgBox(QStringLiteral("Error ") + QString::number(e.Number()) + QStringLiteral(" (") + e.Description() +
-                             QStringLiteral(") in procedure Command1_Click of Formulario Recep\r\nlinea:  ") +
-                             QString::number(paso));
+        ui::Sistema().MsgBox(ui::TextoFallaAtrapada(e.Number(), e.Description(), QStringLiteral("Command1_Click"),
+                                                    QStringLiteral("Formulario Recep"), paso));
     }
 }
 

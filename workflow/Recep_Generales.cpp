@@ -23,9 +23,8 @@ const QString origen = QStringLiteral("Recep_Generales");
 
 // The box of a trapped failure: the procedure, the form and the step at fault.
 void MuestraError(const vb::Error& e, const QString& procedimiento, int paso, const QString& titulo = QString()) {
-    ui::Sistema().MsgBox(QStringLiteral("Error ") + QString::number(e.Number()) + QStringLiteral(" (") + e.Description() +
-                             QStringLiteral(") in procedure ") + procedimiento +
-                             QStringLiteral(" of Formulario Recep_Generales\r\nlinea:  ") + QString::number(paso),
+    ui::Sistema().MsgBox(ui::TextoFallaAtrapada(e.Number(), e.Description(), procedimiento,
+                                                QStringLiteral("Formulario Recep_Generales"), paso),
                          ui::vbOKOnly, titulo);
 }
 

@@ -296,9 +296,8 @@ void Sol_Edi::Command1_Click() {
     try {
         Grabar(linea);
     } catch (const vb::Error& e) {
-        ui::Sistema().MsgBox(QStringLiteral("Error ") + QString::number(e.Number()) + QStringLiteral(" (") + e.Description() +
-                                 QStringLiteral(") in procedure Command1_Click of Formulario Sol_Edi\r\nlinea:  ") +
-                                 QString::number(linea),
+        ui::Sistema().MsgBox(ui::TextoFallaAtrapada(e.Number(), e.Description(), QStringLiteral("Command1_Click"),
+                                                    QStringLiteral("Formulario Sol_Edi"), linea),
                              ui::vbCritical);
     }
 }

@@ -35,6 +35,13 @@ Plataforma& Sistema() {
 
 void InstalaPlataforma(std::unique_ptr<Plataforma> p) { Instalada() = std::move(p); }
 
+QString TextoFallaAtrapada(int numero, const QString& descripcion, const QString& procedimiento, const QString& donde,
+                           int linea) {
+    return QStringLiteral("Error ") + QString::number(numero) + QStringLiteral(" (") + descripcion +
+           QStringLiteral(") in procedure ") + procedimiento + QStringLiteral(" of ") + donde +
+           QStringLiteral("\r\nlinea:  ") + QString::number(linea);
+}
+
 QString TextoFallaPredeterminada(int numero, const QString& descripcion) {
     return QStringLiteral("Se produjo el error ") + QString::number(numero) + QStringLiteral("\r\n") + descripcion;
 }

@@ -153,5 +153,9 @@ private:
 
 // The text of the default failure box for an error.
 QString TextoFallaPredeterminada(int numero, const QString& descripcion);
+// The text of a failure a routine traps: "Error <n> (<descripción>) in procedure <p> of <where>" and the
+// line "linea:  <n>", where names the form ("Formulario Sol_Edi") or the module ("Módulo Datos").
+QString TextoFallaAtrapada(int numero, const QString& descripcion, const QString& procedimiento, const QString& donde,
+                           int linea);
 
 }  // namespace ui
