@@ -1,10 +1,12 @@
 #include "finance/Registro.h"
 
 #include "core/FormPrincipal.h"
+#include "finance/frmFuentesFin.h"
 
 namespace finanzas {
 
 void RegistraComandos() {
+    FormPrincipal::RegistraModal<frmFuentesFin>(QStringLiteral("menuFinanciamiento"));
 }
 
 }  // namespace finanzas
