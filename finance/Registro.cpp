@@ -1,12 +1,14 @@
 #include "finance/Registro.h"
 
 #include "core/FormPrincipal.h"
+#include "finance/Proyectos.h"
 #include "finance/frmFuentesFin.h"
 
 namespace finanzas {
 
 void RegistraComandos() {
     FormPrincipal::RegistraModal<frmFuentesFin>(QStringLiteral("menuFinanciamiento"));
+    FormPrincipal::RegistraModal<Proyectos>(QStringLiteral("menuProyectos"));
 }
 
 }  // namespace finanzas
