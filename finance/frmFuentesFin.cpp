@@ -237,6 +237,16 @@ void frmFuentesFin::ActualizaMontoDisponibledeFinanciamientos() {
     }
 }
 
+// Name, amount and balances of no source: a list without sources, or a source being captured.
+void frmFuentesFin::VaciaCampos() {
+    txtNombre->clear();
+    txtMontoTotal->clear();
+    lblUltimoMovimiento->clear();
+    lblMontoXAsignar->setText(QStringLiteral("0.00"));
+    lblMontoAsignado->setText(QStringLiteral("0.00"));
+    lblMontoAsignadoDisponible->setText(QStringLiteral("0.00"));
+}
+
 void frmFuentesFin::CargarDatos() {
     dao::Recordset& rs = *rsFuentes;
     if (rs.RecordCount() == 0) {
@@ -244,12 +254,7 @@ void frmFuentesFin::CargarDatos() {
         cmdBorrar->setEnabled(false);
         for (QPushButton* b : cmdMover) b->setEnabled(false);
         txtFecha->clear();
-        txtNombre->clear();
-        txtMontoTotal->clear();
-        lblUltimoMovimiento->clear();
-        lblMontoXAsignar->setText(QStringLiteral("0.00"));
-        lblMontoAsignado->setText(QStringLiteral("0.00"));
-        lblMontoAsignadoDisponible->setText(QStringLiteral("0.00"));
+        VaciaCampos();
         lblStatus->setText(QStringLiteral("0 registros"));
         return;
     }
@@ -356,12 +361,7 @@ void frmFuentesFin::cmdNuevo_Click() {
     bloquearControles(false);
     rsFuentes->AddNew();
     txtFecha->setText(vb::Format(vb::Variant(vb::Fecha::Now()), mascaraFecha));
-    txtNombre->clear();
-    txtMontoTotal->clear();
-    lblUltimoMovimiento->clear();
-    lblMontoXAsignar->setText(QStringLiteral("0.00"));
-    lblMontoAsignado->setText(QStringLiteral("0.00"));
-    lblMontoAsignadoDisponible->setText(QStringLiteral("0.00"));
+    VaciaCampos();
     txtNombre->setFocus();
     Edicion(true);
     Tag = QStringLiteral("nuevo");

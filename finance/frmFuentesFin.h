@@ -75,6 +75,7 @@ private:
     vb::Currency MontoXAsignarAnterior;
 
     void Edicion(bool editando);
+    void VaciaCampos();
     // Runs `paso`; a source that another workstation deleted under the form is told and the list reread.
     void SobreFuenteVigente(const std::function<void()>& paso);
     bool FuenteExiste();
