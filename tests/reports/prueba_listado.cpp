@@ -161,11 +161,6 @@ TEST_F(PruebaListado, ElTipoDeReporteFijaLugarYListas) {
     const auto muestraBibliotecas = [&l] { return !l.Frame1[0]->isHidden() && l.Frame1[1]->isHidden(); };
     const auto muestraEscuelas = [&l] { return l.Frame1[0]->isHidden() && !l.Frame1[1]->isHidden(); };
     EXPECT_TRUE(muestraBibliotecas());
-    l.Option1[0]->click();
-    EXPECT_TRUE(muestraEscuelas());
-    l.Option1[1]->click();
-    EXPECT_TRUE(muestraBibliotecas());
-
     // Donations and shipments force "Por Biblioteca" as a click would: the schools chosen before leave the screen.
     for (const QString& tipo : {QStringLiteral("Donaciones"), QStringLiteral("Envíos")}) {
         SCOPED_TRACE(tipo.toStdString());
@@ -174,7 +169,6 @@ TEST_F(PruebaListado, ElTipoDeReporteFijaLugarYListas) {
         ASSERT_TRUE(muestraEscuelas());
         l.Combo1->setText(tipo);
         EXPECT_TRUE(l.Option1[1]->isChecked());
-        EXPECT_FALSE(l.Option1[0]->isChecked());
         EXPECT_FALSE(l.Option1[0]->isEnabled());
         EXPECT_TRUE(muestraBibliotecas());
     }
@@ -211,7 +205,7 @@ TEST_F(PruebaListado, FaltaLugarOFechasSeAvisa) {
     EXPECT_EQ(Vista().navegaciones.size(), 1);
 }
 
-TEST_F(PruebaListado, SolicitadosDelPeriodoYSusEjemplares) {
+TEST_F(PruebaListado, SolicitadosDelPeriodoFiltradosPorBibliotecasEscuelasYFuente) {
     Listado& l = Abre();
     Genera(QStringLiteral("Solicitados"));
     ASSERT_TRUE(sistema->cajas.empty()) << sistema->Textos().join(u'|').toStdString();
@@ -220,17 +214,10 @@ TEST_F(PruebaListado, SolicitadosDelPeriodoYSusEjemplares) {
     EXPECT_EQ(Valores(QStringLiteral("Ejemplares")), (QStringList{"2", "3"}));
     EXPECT_EQ(globales::FechaInicial, vb::Fecha(QDate(2024, 2, 1)));
     EXPECT_EQ(globales::FechaFinal, vb::Fecha(QDate(2024, 2, 29)));
-    EXPECT_EQ(Vista().html, l.DocumentoHtml);
-    EXPECT_TRUE(l.DocumentoHtml.contains(QStringLiteral("Rayuela")));
-    EXPECT_EQ(Salidas(), 3);
-}
 
-TEST_F(PruebaListado, BibliotecasEscuelasYFuenteFiltran) {
-    Listado& l = Abre();
     Selecciona(0, {2});
     Genera(QStringLiteral("Solicitados"));
     EXPECT_EQ(Valores(QStringLiteral("Titulo")), QStringList{"Ficciones"});
-
     // The first item wins over the others selected with it.
     Selecciona(0, {0, 2});
     Genera(QStringLiteral("Solicitados"));
@@ -252,7 +239,9 @@ TEST_F(PruebaListado, BibliotecasEscuelasYFuenteFiltran) {
     EXPECT_TRUE(sistema->cajas.empty());
 }
 
-TEST_F(PruebaListado, PedidosImposiblesYAdquiridos) {
+// The rows of the other kinds: each from its own states and sheet; donations and shipments take no funding
+// source; shipments join both sides in one document.
+TEST_F(PruebaListado, CadaTipoTraeSusFilasYSuHoja) {
     Listado& l = Abre();
     Genera(QStringLiteral("Pedidos"));
     EXPECT_EQ(Valores(QStringLiteral("Titulo")), QStringList{"Aura"});
@@ -269,8 +258,28 @@ TEST_F(PruebaListado, PedidosImposiblesYAdquiridos) {
     EXPECT_EQ(Valores(QStringLiteral("Titulo")), (QStringList{"Comala", "Comala"}));
     EXPECT_EQ(Valores(QStringLiteral("Factura")), (QStringList{"F-9", "F-9"}));
     EXPECT_TRUE(l.DocumentoXml.contains(QStringLiteral("xsls\\Adquiridos.xsl")));
-    EXPECT_TRUE(sistema->cajas.empty()) << sistema->Textos().join(u'|').toStdString();
+
+    l.cboFinanciamiento->setListIndex(1);
+    Genera(QStringLiteral("Donaciones"));
+    EXPECT_EQ(Valores(QStringLiteral("Titulo")), QStringList{"Donado"});
+    EXPECT_EQ(Valores(QStringLiteral("Nombre")), QStringList{QStringLiteral("Fundación Sur")});
+    EXPECT_TRUE(l.DocumentoXml.contains(QStringLiteral("Registros=\"1\"")));
+
+    Genera(QStringLiteral("Envíos"));
+    ASSERT_TRUE(sistema->cajas.empty()) << sistema->Textos().join(u'|').toStdString();
+    const QString& x = l.DocumentoXml;
+    EXPECT_TRUE(x.startsWith(QStringLiteral("<?xml version=\"1.0\" encoding=\"UTF-7\"?>")));
+    EXPECT_EQ(x.count(QStringLiteral("<?xml")), 2);     // declaration and style sheet, once
+    EXPECT_TRUE(x.contains(QStringLiteral("<Reportes><AReporte")));
+    EXPECT_TRUE(x.trimmed().endsWith(QStringLiteral("</DReporte>\n</Reportes>")) ||
+                x.trimmed().endsWith(QStringLiteral("</DReporte></Reportes>")));
+    EXPECT_EQ(Valores(QStringLiteral("NoAdquisicion")), (QStringList{"A-001", "A-002", "D-001"}));
+    EXPECT_TRUE(x.contains(QStringLiteral("xsls\\Envios.xsl")));
     EXPECT_EQ(Salidas(), 3);
+
+    Selecciona(0, {1});
+    Genera(QStringLiteral("Donaciones"));
+    EXPECT_TRUE(Vista().html.contains(QStringLiteral("<h5>Reporte de material recibido como donación</h5>")));
 }
 
 // What the analyst reads on each page: libraries and schools by name, dates as "dd/mmm/yyyy", money with
@@ -308,36 +317,6 @@ TEST_F(PruebaListado, CadaReporteSeLeeConNombresFechasYDinero) {
         // The document saved as XML keeps the numbers the query gave.
         EXPECT_FALSE(l.DocumentoXml.contains(QStringLiteral("Central")));
     }
-}
-
-TEST_F(PruebaListado, DonacionesSinFiltroDeFuente) {
-    Listado& l = Abre();
-    l.cboFinanciamiento->setListIndex(1);
-    Genera(QStringLiteral("Donaciones"));
-    ASSERT_TRUE(sistema->cajas.empty()) << sistema->Textos().join(u'|').toStdString();
-    EXPECT_EQ(Valores(QStringLiteral("Titulo")), QStringList{"Donado"});
-    EXPECT_EQ(Valores(QStringLiteral("Nombre")), QStringList{QStringLiteral("Fundación Sur")});
-    EXPECT_TRUE(l.DocumentoXml.contains(QStringLiteral("Registros=\"1\"")));
-
-    Selecciona(0, {1});
-    Genera(QStringLiteral("Donaciones"));
-    EXPECT_TRUE(Vista().html.contains(QStringLiteral("No se encontró ningún material")));
-    EXPECT_TRUE(Vista().html.contains(QStringLiteral("<h5>Reporte de material recibido como donación</h5>")));
-}
-
-TEST_F(PruebaListado, EnviosJuntaAdquisicionesYDonaciones) {
-    Listado& l = Abre();
-    Genera(QStringLiteral("Envíos"));
-    ASSERT_TRUE(sistema->cajas.empty()) << sistema->Textos().join(u'|').toStdString();
-    const QString& x = l.DocumentoXml;
-    EXPECT_TRUE(x.startsWith(QStringLiteral("<?xml version=\"1.0\" encoding=\"UTF-7\"?>")));
-    EXPECT_EQ(x.count(QStringLiteral("<?xml")), 2);     // declaration and style sheet, once
-    EXPECT_TRUE(x.contains(QStringLiteral("<Reportes><AReporte")));
-    EXPECT_TRUE(x.trimmed().endsWith(QStringLiteral("</DReporte>\n</Reportes>")) ||
-                x.trimmed().endsWith(QStringLiteral("</DReporte></Reportes>")));
-    EXPECT_EQ(Valores(QStringLiteral("NoAdquisicion")), (QStringList{"A-001", "A-002", "D-001"}));
-    EXPECT_TRUE(x.contains(QStringLiteral("xsls\\Envios.xsl")));
-    EXPECT_EQ(Salidas(), 3);
 }
 
 TEST_F(PruebaListado, PeriodoSinMaterialMuestraLaPaginaVacia) {

