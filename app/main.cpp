@@ -7,12 +7,10 @@
 //   --abrir COMANDO         once start-up is over, run a command of the main window ("Escuelas", "CambioFecha")
 #include "catalog/Registro.h"
 #include "core/FormPrincipal.h"
-#include "core/Globales.h"
 #include "core/LineaComandos.h"
 #include "core/ui/Plataforma.h"
 #include "core/ui/PlataformaQt.h"
 #include "finance/Registro.h"
-#include "core/dao/Dao.h"
 #include "reports/Registro.h"
 #include "workflow/Registro.h"
 
@@ -25,8 +23,6 @@ int main(int argc, char** argv) {
     QApplication app(argc, argv);
     QApplication::setApplicationName(QStringLiteral("Adquisiciones"));
     ui::InstalaPlataforma(std::make_unique<ui::PlataformaQt>());
-    // The database is let go before the program's statics, however the program ends.
-    ui::PlataformaQt::AlTerminar([] { globales::BaseDatos.reset(); });
     // Qt's own dialogs and buttons in Spanish.
     ui::CargaTraducciones();
     // The screens of each subsystem, as the main window opens them.
@@ -65,7 +61,5 @@ int main(int argc, char** argv) {
     if (!seguir) return 0;
 
     if (!abrir.isEmpty()) QTimer::singleShot(5500, &principal, [&principal, abrir] { principal.Ejecuta(abrir); });
-    const int resultado = app.exec();
-    globales::BaseDatos.reset();
-    return resultado;
+    return app.exec();
 }

@@ -325,26 +325,8 @@ bool PlataformaQt::IniciaPrograma(const QString& ruta) {
     return QProcess::startDetached(programa, partes);
 }
 
-namespace {
-std::vector<std::function<void()>>& TareasAlTerminar() {
-    static auto* tareas = new std::vector<std::function<void()>>;
-    return *tareas;
-}
-}  // namespace
-
-void PlataformaQt::AlTerminar(std::function<void()> tarea) { TareasAlTerminar().push_back(std::move(tarea)); }
-
 void PlataformaQt::Termina() {
-    // The language's End: nothing after it runs. What the program asked for runs first, before the
-    // destructors of its statics, whose order between files nobody fixes.
-    auto tareas = std::move(TareasAlTerminar());
-    TareasAlTerminar().clear();
-    for (auto& tarea : tareas) {
-        try {
-            tarea();
-        } catch (...) {
-        }
-    }
+    // The language's End: nothing after it runs.
     if (QCoreApplication::instance()) QCoreApplication::exit(0);
     std::exit(0);
 }

@@ -12,10 +12,6 @@ namespace ui {
 
 class PlataformaQt : public Plataforma {
 public:
-    // What must be done before the program ends by Termina (closing the database while the rest of the
-    // program still stands); run once, in order.
-    static void AlTerminar(std::function<void()> tarea);
-
     int MsgBox(const QString& texto, int flags = vbOKOnly, const QString& titulo = QString()) override;
     void MuestraModal(QDialog& pantalla) override;
     void Muestra(QWidget& pantalla) override;
