@@ -3,6 +3,8 @@
 #include "core/jet/ErroresMotor.h"
 #include "core/jet/Resolver.h"
 
+#include <QRegularExpression>
+
 namespace jet {
 
 namespace {
@@ -159,6 +161,13 @@ Emision EmisorSqlite::emite(const Sentencia& s, const TablaDef* destino, bool co
     }
 }
 
+// SQLite reads a GROUP BY or ORDER BY term that is a whole number, signs and parentheses aside, as the
+// position of an output column. A constant the statement sorts or groups by is a value: it stays one.
+static QString ComoValor(const QString& t) {
+    static const QRegularExpression entero(QStringLiteral(R"(^[\s()+\-]*\d+[\s()]*$)"));
+    return entero.match(t).hasMatch() ? QStringLiteral("CAST(%1 AS NUMERIC)").arg(t) : t;
+}
+
 QString EmisorSqlite::select(const Select& s, bool conRowid, Emision* salida) {
     Profundidad nivel(profundidad_);
     if (s.uniones.empty()) return nucleo(s, conRowid, salida);
@@ -210,7 +219,7 @@ QString EmisorSqlite::nucleo(const Select& s, bool conRowid, Emision* salida) {
     if (s.where) cuerpo += QStringLiteral(" WHERE ") + expr(*s.where);
     if (!s.groupBy.empty()) {
         QStringList g;
-        for (const auto& e : s.groupBy) g << expr(*e) + (EsTexto(e->tipoDato) ? QLatin1String(Colacion) : QLatin1String(""));
+        for (const auto& e : s.groupBy) g << ComoValor(expr(*e)) + (EsTexto(e->tipoDato) ? QLatin1String(Colacion) : QLatin1String(""));
         cuerpo += QStringLiteral(" GROUP BY ") + g.join(QStringLiteral(", "));
     }
     if (s.having) cuerpo += QStringLiteral(" HAVING ") + expr(*s.having);
@@ -230,7 +239,7 @@ QString EmisorSqlite::nucleo(const Select& s, bool conRowid, Emision* salida) {
             t = QString::number(e.columnaSub + 1);
             v = expr(e);
         } else {
-            t = v = expr(e);
+            t = v = ComoValor(expr(e));
         }
         QString cola;
         if (EsTexto(tipo)) cola += QLatin1String(Colacion);

@@ -1933,3 +1933,11 @@ DROP TABLE adqMaterialComplementario
 === CreaMaterialComplementario 1
 expect: ok
 CREATE Table adqMaterialComplementario (IdMatComp COUNTER CONSTRAINT PK_IdMatComp PRIMARY KEY, ClaveLibro LONG NOT NULL, FechaCaptura DATETIME NOT NULL, Titulo TEXT(255) NOT NULL, Observaciones MEMO, IdCapturista TEXT(10) NOT NULL, TipoMatComp LONG NOT NULL )
+
+=== Orden por una constante con signo
+expect: rows 1
+select * from Bibliotecas where No=1 ORDER BY +0 ASC, -(1)
+
+=== Agrupado por una constante
+expect: rows 1
+select count(*) from Bibliotecas GROUP BY -1
