@@ -53,15 +53,53 @@ void CargaDemo(dao::Database& db) {
         "INSERT INTO Proveedores VALUES (1, 'Librería Internacional, S.A.', 'Roberto Flores', 'Padre Mier 222 Ote.', 'Monterrey, N.L.', '81 8345 6789', 'ventas@libint.example', '0123456789')",
         "INSERT INTO Proveedores VALUES (2, 'Distribuidora de Libros del Centro', 'Mónica Ibarra', 'Juárez 85', 'Querétaro, Qro.', '442 212 3344', 'pedidos@dlc.example', '9876543210')",
 
+        // Money at work: two sources, three school budgets, one request paid and one waiting. Every balance is
+        // what the ledger below gives, as the screens would have left it.
         "INSERT INTO adqFinanciamiento (Nombre, MontoTotal, FechaCaptura, MontoAsignadoDisponible, UltimoMovimiento, MontoXAsignar, IdCapturista) "
-        "VALUES ('Fondo institucional 2026', 250000, #2026/01/15#, 250000, #2026/02/01#, 150000, 'admin')",
+        "VALUES ('Fondo institucional 2026', 250000, #2026/01/15#, 226727.85, #2026/09/10 12:30:00#, 70000, 'admin')",
         "INSERT INTO adqSaldoFinanciamientos VALUES (1, #01-15-2026#, 250000, 0, '+ADDFinan', 'admin')",
+        "INSERT INTO adqFinanciamiento (Nombre, MontoTotal, FechaCaptura, MontoAsignadoDisponible, UltimoMovimiento, MontoXAsignar, IdCapturista) "
+        "VALUES ('Programa federal de bibliotecas', 120000, #2026/03/01#, 120000, #2026/03/10#, 60000, 'admin')",
+        "INSERT INTO adqSaldoFinanciamientos VALUES (2, #03-01-2026#, 120000, 0, '+ADDFinan', 'admin')",
         "INSERT INTO adqProyectos (Nombre, Responsable, IdEscuela, FuenteFinanciamiento, FechaAsignacion, FechaVigencia, "
         "TotalAsignado, UltimoMovimiento, MontoDisponible, Descripcion, FechaCaptura, IdCapturista, IdFinanciamiento) "
         "VALUES ('Acervo de ingeniería 2026', 'Ing. Raúl Salinas', 1, 'Fondo institucional 2026', #2026/02/01#, "
-        "#2026/12/31#, 100000, #2026/02/01#, 100000, 'Bibliografía básica de los programas de ingeniería', "
+        "#2026/12/31#, 100000, #2026/09/10 12:30:00#, 85048.25, 'Bibliografía básica de los programas de ingeniería', "
         "#2026/02/01#, 'admin', 1)",
         "INSERT INTO adqSaldoProyectos VALUES (1, 1, #02-01-2026#, 100000, 0, '+ADDproy', 'admin')",
+        "INSERT INTO adqProyectos (Nombre, Responsable, IdEscuela, FuenteFinanciamiento, FechaAsignacion, FechaVigencia, "
+        "TotalAsignado, UltimoMovimiento, MontoDisponible, Descripcion, FechaCaptura, IdCapturista, IdFinanciamiento) "
+        "VALUES ('Acervo de humanidades 2026', 'Dra. Ana Martínez', 2, 'Fondo institucional 2026', #2026/02/15#, "
+        "#2026/12/31#, 80000, #2026/09/10 12:30:00#, 71679.6, 'Clásicos y crítica literaria', #2026/02/15#, 'admin', 1)",
+        "INSERT INTO adqSaldoProyectos VALUES (2, 1, #02-15-2026#, 80000, 0, '+ADDproy', 'admin')",
+        "INSERT INTO adqProyectos (Nombre, Responsable, IdEscuela, FuenteFinanciamiento, FechaAsignacion, FechaVigencia, "
+        "TotalAsignado, UltimoMovimiento, MontoDisponible, Descripcion, FechaCaptura, IdCapturista, IdFinanciamiento) "
+        "VALUES ('Biblioteca médica 2026', 'Dr. Luis Cantú', 3, 'Programa federal de bibliotecas', #2026/03/10#, "
+        "#2026/12/31#, 60000, #2026/03/10#, 60000, 'Textos de anatomía, fisiología y farmacología', #2026/03/10#, 'admin', 2)",
+        "INSERT INTO adqSaldoProyectos VALUES (3, 2, #03-10-2026#, 60000, 0, '+ADDproy', 'admin')",
+
+        "INSERT INTO PagoFacturasGral (IdPagoFactura, FuenteFinanciamiento, IdProveedor, Monto, Concepto, Observaciones, "
+        "FechaSolicitud, FechaPago, FechaMod, IdCapturista, IdCapMod, Estado, IdFinanciamiento) VALUES (1, "
+        "'Fondo institucional 2026', 1, 23272.15, 'Bibliografía de ingeniería y humanidades', 'Pagado con cheque 4471', "
+        "#2026/09/02#, #2026/09/10 12:30:00#, #2026/09/10 12:30:00#, 'admin', 'admin', 'P', 1)",
+        "INSERT INTO PagoFacturasDetalle (IdPagoFactura, IdProyecto, NoFactura, MontoFactura, FechaCaptura, IdCapturista, "
+        "IdSolicitud, IdEscuela) VALUES (1, 1, 'A-1187', 12450.75, #2026/09/02#, 'admin', NULL, 1)",
+        "INSERT INTO PagoFacturasDetalle (IdPagoFactura, IdProyecto, NoFactura, MontoFactura, FechaCaptura, IdCapturista, "
+        "IdSolicitud, IdEscuela) VALUES (1, 1, 'A-1203', 2501, #2026/09/02#, 'admin', 1, 1)",
+        "INSERT INTO PagoFacturasDetalle (IdPagoFactura, IdProyecto, NoFactura, MontoFactura, FechaCaptura, IdCapturista, "
+        "IdSolicitud, IdEscuela) VALUES (1, 2, 'B-0442', 8320.4, #2026/09/02#, 'admin', 2, 2)",
+        "INSERT INTO adqSaldoProyectos VALUES (1, 1, #2026/09/10 12:30#, -14951.75, 0, '-CARG 0001', 'admin')",
+        "INSERT INTO adqSaldoProyectos VALUES (2, 1, #2026/09/10 12:30#, -8320.4, 0, '-CARG 0001', 'admin')",
+        "INSERT INTO adqSaldoFinanciamientos VALUES (1, #2026/09/10 12:30#, -23272.15, 0, '-SALDpag', 'admin')",
+
+        "INSERT INTO PagoFacturasGral (IdPagoFactura, FuenteFinanciamiento, IdProveedor, Monto, Concepto, Observaciones, "
+        "FechaSolicitud, FechaPago, FechaMod, IdCapturista, IdCapMod, Estado, IdFinanciamiento) VALUES (2, "
+        "'Programa federal de bibliotecas', 2, 5655.5, 'Libros de anatomía y fisiología', NULL, #2026/11/05#, NULL, "
+        "#2026/11/05#, 'admin', NULL, 'S', 2)",
+        "INSERT INTO PagoFacturasDetalle (IdPagoFactura, IdProyecto, NoFactura, MontoFactura, FechaCaptura, IdCapturista, "
+        "IdSolicitud, IdEscuela) VALUES (2, 3, 'C-7781', 4380, #2026/11/05#, 'admin', 3, 3)",
+        "INSERT INTO PagoFacturasDetalle (IdPagoFactura, IdProyecto, NoFactura, MontoFactura, FechaCaptura, IdCapturista, "
+        "IdSolicitud, IdEscuela) VALUES (2, 3, 'C-7795', 1275.5, #2026/11/05#, 'admin', NULL, 3)",
 
         "INSERT INTO [Solicitudes General] (NoSolicitud, Fecha, Solicitante, NoEscuela, NoBiblioteca, Estado, "
         "FechaCaptura, IdCapturista, TipoMaterial, IdFinanciamiento) VALUES (1, #2026/10/05#, 'Ing. Raúl Salinas', "

@@ -79,6 +79,18 @@ const QStringList& SentenciasCreacion() {
 
 void CreaTablas(dao::Database& db) {
     for (const auto& s : SentenciasCreacion()) db.Execute(s, dao::dbFailOnError);
+    CreaIndicesDeConsulta(db);
+}
+
+void CreaIndicesDeConsulta(dao::Database& db) {
+    db.AseguraIndiceDeConsulta(QStringLiteral("saldo_proyectos"), QStringLiteral("adqSaldoProyectos"),
+                               {QStringLiteral("IdEscuela"), QStringLiteral("IdFinanciamiento")});
+    db.AseguraIndiceDeConsulta(QStringLiteral("saldo_financiamientos"), QStringLiteral("adqSaldoFinanciamientos"),
+                               {QStringLiteral("IdFinanciamiento")});
+    db.AseguraIndiceDeConsulta(QStringLiteral("proyectos_fuente"), QStringLiteral("adqProyectos"),
+                               {QStringLiteral("IdFinanciamiento"), QStringLiteral("IdEscuela")});
+    db.AseguraIndiceDeConsulta(QStringLiteral("facturas_pago"), QStringLiteral("PagoFacturasDetalle"),
+                               {QStringLiteral("IdPagoFactura")});
 }
 
 }  // namespace esquema

@@ -2,6 +2,7 @@
 
 #include "core/ActualizaBDsAdq.h"
 #include "core/DatosActualiza.h"
+#include "core/Esquema.h"
 #include "core/Globales.h"
 #include "core/Leepasswd.h"
 #include "core/Rutas.h"
@@ -329,6 +330,7 @@ bool FormPrincipal::ArranqueHastaLogin() {
         return false;
     }
     QString reporte = ActualizaBDsAdq::ActualizaBDs();
+    esquema::CreaIndicesDeConsulta(globales::Base());
     reporte.remove(QLatin1Char('\r'));
     reporte.remove(QLatin1Char('\n'));
     if (!reporte.isEmpty()) sistema.MsgBox(reporte, ui::vbCritical, QStringLiteral("Actualización de Bases de Datos"));

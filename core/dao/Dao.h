@@ -242,6 +242,10 @@ public:
     void Close();
     bool EnRed() const { return enRed_; }
     bool SoloLectura() const { return soloLectura_; }
+    // An index that only speeds up lookups: invisible to the catalog (no TableDef shows it, no statement
+    // names it), made if missing. False when it can't be made (a read-only file, a table or column that an
+    // older file lacks); nothing else changes then.
+    bool AseguraIndiceDeConsulta(const QString& nombre, const QString& tabla, const QStringList& columnas);
 
     // For the engine's own layers.
     sqlite3* sqlite() const { return db_; }

@@ -607,6 +607,17 @@ void Database::ejecutaDdl(const Sentencia& s) {
     tableDefs_.cargada_ = false;
 }
 
+bool Database::AseguraIndiceDeConsulta(const QString& nombre, const QString& tabla, const QStringList& columnas) {
+    if (soloLectura_ || !db_) return false;
+    auto cita = [](const QString& n) { return u'"' + QString(n).replace(u'"', QStringLiteral("\"\"")) + u'"'; };
+    QStringList c;
+    for (const auto& col : columnas) c << cita(col);
+    const QByteArray sql = QStringLiteral("CREATE INDEX IF NOT EXISTS %1 ON %2 (%3)")
+                               .arg(cita(QStringLiteral("adq_consulta_") + nombre), cita(tabla), c.join(QStringLiteral(", ")))
+                               .toUtf8();
+    return sqlite3_exec(db_, sql.constData(), nullptr, nullptr, nullptr) == SQLITE_OK;
+}
+
 void Database::Execute(const QString& sentencia, int opciones) {
     afectados_ = 0;
     Sentencia s = Analiza(sentencia);
