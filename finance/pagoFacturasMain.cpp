@@ -59,6 +59,8 @@ pagoFacturasMain::pagoFacturasMain(QWidget* padre) : QDialog(padre) {
         {cmdRegresar, "cmdRegresar"}};
     for (const auto& [w, n] : nombres) w->setObjectName(QLatin1String(n));
     Option1->setChecked(true);
+    // Nothing to settle until a request with invoices is chosen.
+    cmdSaldarPago->setEnabled(false);
 
     auto* opciones = new QHBoxLayout;
     opciones->addWidget(Option1);

@@ -147,6 +147,7 @@ TEST_F(PruebaPagos, ListaPaginaBotonesYSoloPendientes) {
     m.Form_Load();
     EXPECT_EQ(m.lblTotal->text(), "Pedidos de facturas encontrados: 3");
     EXPECT_EQ(m.IdPago(), 1);
+    EXPECT_FALSE(m.cmdSaldarPago->isEnabled());
     const QString pagina = UltimoDocumento();
     EXPECT_TRUE(pagina.contains("<TABLE border=0 cellspacing=1><tr><td class=td1>Clave de pago: </td><td>001</td><td>&nbsp;"
                                 "<b>PAGADO</b></td></tr><tr><td class=td1>Financiamiento: </td><td>Federal</td></tr><tr><td "
@@ -172,6 +173,21 @@ TEST_F(PruebaPagos, ListaPaginaBotonesYSoloPendientes) {
     m.Option2_Click();
     EXPECT_EQ(Textos(*m.ListView1), (QStringList{"002", "003"}));
     EXPECT_EQ(m.lblTotal->text(), "Pedidos de facturas encontrados: 2");
+    EXPECT_TRUE(UltimoDocumento().contains("Clave de pago: </td><td>002</td>"));
+
+    // Settling hands the row to the settling form; a request paid meanwhile leaves the pending list, and the
+    // list stands on its first row.
+    Ejecuta("UPDATE PagoFacturasGral SET Monto=80.25, Observaciones='parcial' WHERE IdPagoFactura=3");
+    m.Option2_Click();
+    Elige(m, 2);
+    Ejecuta("UPDATE PagoFacturasGral SET Estado='P' WHERE IdPagoFactura=3");
+    m.cmdSaldarPago_Click();
+    EXPECT_EQ(globales::MontoPago, vb::Currency::fromDouble(80.25));
+    EXPECT_EQ(globales::IdFinanciamientoPago, 1);
+    EXPECT_EQ(globales::ObservacionesPago, "parcial");
+    EXPECT_FALSE(globales::PagoSaldado);
+    EXPECT_EQ(Textos(*m.ListView1), QStringList{"002"});
+    EXPECT_EQ(m.ListView1->SelectedItem()->Text(), "002");
     EXPECT_TRUE(UltimoDocumento().contains("Clave de pago: </td><td>002</td>"));
 }
 
