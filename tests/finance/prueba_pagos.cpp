@@ -123,6 +123,15 @@ TEST_F(PruebaPagos, CapturaNumeraGrabaYCambiaLaSolicitud) {
     EXPECT_TRUE(sistema->cajas[0].texto.startsWith("Se produjo el error "));
     EXPECT_FALSE(globales::PagoGrabado);
     EXPECT_EQ(Valor("SELECT Concepto FROM PagoFacturasGral"), "Revistas");
+
+    // The suppliers' catalog refills the combo with its own texts; the row last clicked there is the one taken.
+    pagoFacturasGral b;
+    b.Form_Load();
+    sistema->AlMostrar(QStringLiteral("CatalogoSimple"), [](QDialog&) { globales::NoCuentaSeleccionada = QStringLiteral("2"); });
+    b.cmdBrowseProveedores_Click();
+    EXPECT_EQ(sistema->modales.back(), "CatalogoSimple");
+    EXPECT_EQ(b.txtIdProveedor->text(), "2");
+    EXPECT_EQ(b.cboProveedores->Text(), "2 Papelera Norte");
 }
 
 TEST_F(PruebaPagos, ListaPaginaBotonesYSoloPendientes) {
