@@ -71,11 +71,12 @@ pagoFacturasMain::pagoFacturasMain(QWidget* padre) : QDialog(padre) {
     division->addWidget(ListView1);
     if (Web && Web->widget()) {
         Web->widget()->setObjectName(QStringLiteral("Web"));
-        Web->widget()->setMinimumWidth(260);
+        Web->widget()->setMinimumWidth(400);
         division->addWidget(Web->widget());
     }
     division->setStretchFactor(0, 3);
     division->setStretchFactor(1, 2);
+    division->setSizes({740, 420});
     auto* botones = new QHBoxLayout;
     for (QPushButton* b : {cmdNuevoPago, cmdModificarPago, cmdBorrarPago, cmdDesglocePagos, cmdSaldarPago, cmdImprimirPago})
         botones->addWidget(b);
@@ -85,7 +86,7 @@ pagoFacturasMain::pagoFacturasMain(QWidget* padre) : QDialog(padre) {
     todo->addLayout(opciones);
     todo->addWidget(division, 1);
     todo->addLayout(botones);
-    resize(1100, 520);
+    resize(1180, 540);
 
     ui::Conecta(Option1, &QRadioButton::clicked, this, origen, &pagoFacturasMain::Option1_Click);
     ui::Conecta(Option2, &QRadioButton::clicked, this, origen, &pagoFacturasMain::Option2_Click);
