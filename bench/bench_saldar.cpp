@@ -72,11 +72,12 @@ void BM_SaldarPago(benchmark::State& state) {
     globales::IdPagoActual = Pago;
     globales::IdFinanciamientoPago = 1;
     globales::MontoPago = vb::Currency::fromLong(Facturas) * *vb::Currency::parse(QStringLiteral("125.5"));
-    globales::ObservacionesPago.clear();
     globales::PagoSaldado = false;
     for (auto _ : state) {
         state.PauseTiming();
         BasePago::Restablece();
+        // The request's screen sets the remarks before each opening; the form leaves them quoted.
+        globales::ObservacionesPago = QStringLiteral("Pago de prueba");
         pagoFacturasSaldar pantalla;
         pantalla.Form_Load();
         const int cajas = plataforma.cajas;
