@@ -11,6 +11,8 @@
 #include "core/vb/Formato.h"
 #include "finance/pagoFacturasDetalle.h"
 #include "finance/pagoFacturasGral.h"
+#include "finance/pagoFacturasImprimir.h"
+#include "finance/pagoFacturasSaldar.h"
 
 #include <QCoreApplication>
 #include <QEvent>
@@ -349,11 +351,24 @@ void pagoFacturasMain::cmdImprimirPago_Click() {
 }
 
 void pagoFacturasMain::AbreSaldar() {
-    // the form is opened here
+    pagoFacturasSaldar saldar(this);
+    saldar.Form_Load();
+    ui::Sistema().MuestraModal(saldar);
 }
 
-void pagoFacturasMain::AbreImprimir(pagoFacturasDetalle& /*detalle*/) {
-    // the form is opened here
+void pagoFacturasMain::AbreImprimir(pagoFacturasDetalle& detalle) {
+    // The printed request takes the breakdown's rows as its list shows them, and its total.
+    std::vector<RenglonFactura> renglones;
+    const int n = detalle.ListView1->ListItems().Count();
+    renglones.reserve(static_cast<size_t>(n));
+    for (int i = 1; i <= n; ++i) {
+        const controles::ListItem& f = detalle.ListView1->ListItems()(i);
+        renglones.push_back({f.Text(), f.SubItems(1), f.SubItems(2), f.SubItems(3)});
+    }
+    const controles::ListItem& r = ListView1->ListItems()(indice_);
+    pagoFacturasImprimir imprimir(std::move(renglones), detalle.Total(), vb::Trim(r.SubItems(3)), this);
+    imprimir.Form_Load();
+    ui::Sistema().MuestraModal(imprimir);
 }
 
 void pagoFacturasMain::cmdRegresar_Click() { close(); }
