@@ -119,6 +119,16 @@ void LlenaListaCondicion(ConsultaDatos& c, controles::ListView& lista) {
     LlenaLista(sql, lista, false);
 }
 
+void LlenaCombo(QComboBox& combo, const QString& campos, const QString& tabla, const QString& orden) {
+    ConsultaDatos& c = globales::Consulta;
+    c.Clave.clear();
+    c.Valor.clear();
+    c.Campos = campos;
+    c.Tabla = tabla;
+    c.Orden = orden;
+    LlenaCombo(c, combo);
+}
+
 void LlenaCombo(ConsultaDatos& c, QComboBox& combo, const QString& idCampo) {
     // Filling fires no event of the combo and leaves nothing chosen.
     const QSignalBlocker bloqueo(&combo);

@@ -29,6 +29,8 @@ void LlenaListaCondicion(ConsultaDatos& consulta, controles::ListView& lista);
 // ", <id> as Invisible " for good, and each item's ItemData (Qt::UserRole) the row's id. The combo fires no
 // event while it is filled and is left with nothing chosen.
 void LlenaCombo(ConsultaDatos& consulta, QComboBox& combo, const QString& idCampo = QString());
+// The same through the shared query, set to these fields, table (with any condition) and order, no key.
+void LlenaCombo(QComboBox& combo, const QString& campos, const QString& tabla, const QString& orden);
 
 // All values of all rows, each followed by "|", the last "|" cut; a NULL adds only the "|".
 QString ConsultaCampos(ConsultaDatos& consulta, const QString& condicion = QString());

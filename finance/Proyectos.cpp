@@ -164,13 +164,7 @@ void Proyectos::PonModo(const QString& modo) { txtNombre->setProperty("Tag", mod
 void Proyectos::Form_Load() {
     QString marca = QStringLiteral("antes combo idFinan");
     try {
-        globales::ConsultaDatos& c = globales::Consulta;
-        c.Clave.clear();
-        c.Valor.clear();
-        c.Campos = QStringLiteral("[IdFinanciamiento], Nombre");
-        c.Tabla = QStringLiteral("adqFinanciamiento");
-        c.Orden = QStringLiteral("Nombre");
-        Datos::LlenaCombo(c, *cboFuenteFinanciamiento);
+        Datos::LlenaCombo(*cboFuenteFinanciamiento, QStringLiteral("[IdFinanciamiento], Nombre"), QStringLiteral("adqFinanciamiento"), QStringLiteral("Nombre"));
         if (cboFuenteFinanciamiento->ListCount() == 0) {
             ui::Sistema().Beep();
             ui::Sistema().MsgBox(QStringLiteral("No podrá asignar recursos en este momento porque") + crlf +
@@ -184,10 +178,7 @@ void Proyectos::Form_Load() {
         }
 
         marca = QStringLiteral("antes combo idescuela");
-        c.Campos = QStringLiteral("[No], Nombre");
-        c.Tabla = QStringLiteral("Escuelas");
-        c.Orden = QStringLiteral("Nombre");
-        Datos::LlenaCombo(c, *cboDES);
+        Datos::LlenaCombo(*cboDES, QStringLiteral("[No], Nombre"), QStringLiteral("Escuelas"), QStringLiteral("Nombre"));
 
         marca = QStringLiteral("antes lsitview");
         ActualizaMontoDisponibledeProyectos();

@@ -173,22 +173,13 @@ void frmReporteGastosFuente::Form_Load() {
     // Installed after the date behaviour so that it runs first: the behaviour then selects the date it put.
     txtFechaFinal->installEventFilter(this);
 
-    globales::ConsultaDatos& c = globales::Consulta;
-    c.Clave.clear();
-    c.Valor.clear();
     if (porEscuela_) {
-        c.Campos = QStringLiteral("[No], Nombre");
-        c.Tabla = QStringLiteral("Escuelas");
-        c.Orden = QStringLiteral("Nombre");
-        Datos::LlenaCombo(c, *cboEscuela);
+        Datos::LlenaCombo(*cboEscuela, QStringLiteral("[No], Nombre"), QStringLiteral("Escuelas"), QStringLiteral("Nombre"));
         cboEscuela->show();
         lblEscuela->show();
         setWindowTitle(QStringLiteral("Reporte de gastos por escuela"));
     }
-    c.Campos = QStringLiteral("[IdFinanciamiento], Nombre");
-    c.Tabla = QStringLiteral("adqFinanciamiento");
-    c.Orden = QStringLiteral("Nombre");
-    Datos::LlenaCombo(c, *cboFuenteFinanciamiento);
+    Datos::LlenaCombo(*cboFuenteFinanciamiento, QStringLiteral("[IdFinanciamiento], Nombre"), QStringLiteral("adqFinanciamiento"), QStringLiteral("Nombre"));
 
     ListView1->View(controles::ListView::lvwReport);
     ListView1->ColumnHeaders().Clear();

@@ -125,18 +125,8 @@ pagoFacturasGral::~pagoFacturasGral() = default;
 void pagoFacturasGral::Form_Load() {
     fechaSol_.setTextBox(txtFechaSol);
     fechaPago_.setTextBox(txtFechaPago);
-
-    globales::ConsultaDatos& c = globales::Consulta;
-    c.Clave.clear();
-    c.Valor.clear();
-    c.Campos = QStringLiteral("[No], Empresa");
-    c.Tabla = QStringLiteral("Proveedores");
-    c.Orden = QStringLiteral("[No]");
-    Datos::LlenaCombo(c, *cboProveedores);
-    c.Campos = QStringLiteral("[IdFinanciamiento], Nombre");
-    c.Tabla = QStringLiteral("adqFinanciamiento");
-    c.Orden = QStringLiteral("Nombre");
-    Datos::LlenaCombo(c, *cboFinanciamiento);
+    Datos::LlenaCombo(*cboProveedores, QStringLiteral("[No], Empresa"), QStringLiteral("Proveedores"), QStringLiteral("[No]"));
+    Datos::LlenaCombo(*cboFinanciamiento, QStringLiteral("[IdFinanciamiento], Nombre"), QStringLiteral("adqFinanciamiento"), QStringLiteral("Nombre"));
 
     if (globales::PagoModifica)
         CargaPago();

@@ -138,17 +138,9 @@ void Sol_Edi::MuestraFinanciamiento(bool visible) {
 void Sol_Edi::Form_Load() {
     Fecha.setTextBox(Text2);
     controles::LimitaAlCampo(*Text3, QStringLiteral("Solicitudes General"), QStringLiteral("Solicitante"));
-    globales::ConsultaDatos& c = globales::Consulta;
-    c.Clave.clear();
-    c.Valor.clear();
-    c.Campos = QStringLiteral("[No], Nombre");
-    c.Tabla = QStringLiteral("Escuelas");
-    c.Orden = QStringLiteral("Nombre");
-    Datos::LlenaCombo(c, *Combo1);
-    c.Campos = QStringLiteral("[No], Nombre");
-    c.Tabla = QStringLiteral("Bibliotecas");
-    c.Orden = QStringLiteral("Nombre");
-    Datos::LlenaCombo(c, *Combo2);
+    Datos::LlenaCombo(*Combo1, QStringLiteral("[No], Nombre"), QStringLiteral("Escuelas"), QStringLiteral("Nombre"));
+    Datos::LlenaCombo(*Combo2, QStringLiteral("[No], Nombre"), QStringLiteral("Bibliotecas"), QStringLiteral("Nombre"));
+    globales::ConsultaDatos& c = globales::Consulta;   // left with no key by the fillings above
 
     if (globales::NavModo != 2) {
         {
@@ -191,13 +183,7 @@ void Sol_Edi::Form_Activate() { Text2->setFocus(); }
 void Sol_Edi::Combo2_Click() {
     const QString numero = Numero(NumeroItem(Combo2->Text()));
     Text5->setText(numero);
-    globales::ConsultaDatos& c = globales::Consulta;
-    c.Clave.clear();
-    c.Valor.clear();
-    c.Campos = QStringLiteral("[No], Nombre");
-    c.Tabla = QStringLiteral("Escuelas WHERE NoBiblioteca=") + numero;
-    c.Orden = QStringLiteral("Nombre");
-    Datos::LlenaCombo(c, *Combo1);
+    Datos::LlenaCombo(*Combo1, QStringLiteral("[No], Nombre"), QStringLiteral("Escuelas WHERE NoBiblioteca=") + numero, QStringLiteral("Nombre"));
     Text4->clear();
     if (Combo1->ListCount() > 0) {
         Combo1->setListIndex(0);

@@ -115,13 +115,7 @@ bool Sol_Libros::eventFilter(QObject* objeto, QEvent* evento) {
 }
 
 void Sol_Libros::Form_Load() {
-    globales::ConsultaDatos& c = globales::Consulta;
-    c.Clave.clear();
-    c.Valor.clear();
-    c.Campos = QStringLiteral("[No], Nombre");
-    c.Tabla = QStringLiteral("Editoriales");
-    c.Orden = QStringLiteral("Nombre");
-    Datos::LlenaCombo(c, *Combo1);
+    Datos::LlenaCombo(*Combo1, QStringLiteral("[No], Nombre"), QStringLiteral("Editoriales"), QStringLiteral("Nombre"));
     const QString tabla = QStringLiteral("Solicitudes Libros");
     controles::LimitaAlCampo(*Text3, tabla, QStringLiteral("Titulo"));
     controles::LimitaAlCampo(*Text4, tabla, QStringLiteral("Autor"));
@@ -135,6 +129,7 @@ void Sol_Libros::Form_Load() {
         LblEstadoLibro->setText(EstadoEnPalabras(Titulos ? Titulos->EstadoTitulo : QString()));
         return;
     }
+    globales::ConsultaDatos& c = globales::Consulta;
     c.Campos = QStringLiteral("Titulo, Autor , Edicion, Noeditorial, [Ejemplares Pedidos], ISBN ");
     c.Tabla = QStringLiteral("[Solicitudes Libros]");
     c.Clave = globales::TitCampo;
