@@ -4,9 +4,10 @@
 #include "core/Esquema.h"
 #include "core/Globales.h"
 #include "core/dao/Dao.h"
-#include "core/ui/PlataformaQt.h"
 #include "finance/Proyectos.h"
 #include "finance/frmFuentesFin.h"
+
+#include "plataforma_banco.h"
 
 #include <QTemporaryDir>
 #include <benchmark/benchmark.h>
@@ -19,15 +20,10 @@ constexpr int ProyectosPorFuente = 4;
 constexpr int Pagos = 23750;   // a source's row and a project's row each: with the captures, 50,000 ledger rows
 constexpr int Escuelas = 40;
 
-class PlataformaBanco : public ui::PlataformaQt {
-public:
-    int MsgBox(const QString&, int, const QString&) override { return ui::vbOK; }
-};
-
 struct BaseFuentes {
     QTemporaryDir dir;
     BaseFuentes() {
-        ui::InstalaPlataforma(std::make_unique<PlataformaBanco>());
+        InstalaPlataformaBanco();
         auto db = dao::Database::CreateDatabase(dir.filePath(QStringLiteral("KORVEL8.mdb")));
         esquema::CreaTablas(*db);
         // Written through the engine, as the screens write them, in one transaction for a quick set-up.

@@ -6,8 +6,8 @@
 #include "core/controles/ComboBox.h"
 #include "core/controles/ListView.h"
 #include "core/dao/Dao.h"
-#include "core/ui/PlataformaQt.h"
 #include "finance/frmReporteGastosFuente.h"
+#include "plataforma_banco.h"
 
 #include <QApplication>
 #include <QDate>
@@ -19,15 +19,6 @@
 namespace {
 
 constexpr int Pagos = 5000;
-
-class PlataformaBanco : public ui::PlataformaQt {
-public:
-    int cajas = 0;
-    int MsgBox(const QString&, int, const QString&) override {
-        ++cajas;
-        return ui::vbOK;
-    }
-};
 
 struct BaseGastos {
     QTemporaryDir dir;
@@ -54,17 +45,6 @@ struct BaseGastos {
     }
 };
 
-PlataformaBanco& Instala() {
-    static PlataformaBanco* p = [] {
-        auto nueva = std::make_unique<PlataformaBanco>();
-        PlataformaBanco* r = nueva.get();
-        ui::InstalaPlataforma(std::move(nueva));
-        return r;
-    }();
-    static BaseGastos base;
-    return *p;
-}
-
 // The screen with the whole year chosen.
 void Prepara(frmReporteGastosFuente& r) {
     globales::ReporteGastosPorEscuela = false;
@@ -80,7 +60,7 @@ void Comprueba(benchmark::State& state, frmReporteGastosFuente& r) {
 
 // What the analyst waits for: the report generated, then shown as the page to print.
 void BM_ReportePorFuente(benchmark::State& state) {
-    PlataformaBanco& p = Instala();
+    PlataformaBanco& p = InstalaPlataformaBanco();
     for (auto _ : state) {
         frmReporteGastosFuente r;
         Prepara(r);
@@ -94,7 +74,7 @@ void BM_ReportePorFuente(benchmark::State& state) {
 BENCHMARK(BM_ReportePorFuente)->Unit(benchmark::kMillisecond);
 
 void BM_SoloGenerar(benchmark::State& state) {
-    Instala();
+    InstalaPlataformaBanco();
     frmReporteGastosFuente r;
     Prepara(r);
     for (auto _ : state) {
@@ -105,7 +85,7 @@ void BM_SoloGenerar(benchmark::State& state) {
 BENCHMARK(BM_SoloGenerar)->Unit(benchmark::kMillisecond);
 
 void BM_SoloPagina(benchmark::State& state) {
-    Instala();
+    InstalaPlataformaBanco();
     frmReporteGastosFuente r;
     Prepara(r);
     r.cmdGenerar_Click();

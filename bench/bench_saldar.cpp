@@ -4,8 +4,9 @@
 #include "core/Esquema.h"
 #include "core/Globales.h"
 #include "core/dao/Dao.h"
-#include "core/ui/PlataformaQt.h"
 #include "finance/pagoFacturasSaldar.h"
+
+#include "plataforma_banco.h"
 
 #include <QTemporaryDir>
 #include <benchmark/benchmark.h>
@@ -15,26 +16,6 @@ namespace {
 constexpr int Proyectos = 50;
 constexpr int Facturas = 200;
 constexpr long Pago = 31;
-
-// The Qt platform with boxes that answer at once.
-class PlataformaBanco : public ui::PlataformaQt {
-public:
-    int cajas = 0;
-    int MsgBox(const QString&, int, const QString&) override {
-        ++cajas;
-        return ui::vbOK;
-    }
-};
-
-PlataformaBanco& Instala() {
-    static PlataformaBanco* p = [] {
-        auto nueva = std::make_unique<PlataformaBanco>();
-        PlataformaBanco* r = nueva.get();
-        ui::InstalaPlataforma(std::move(nueva));
-        return r;
-    }();
-    return *p;
-}
 
 struct BasePago {
     QTemporaryDir dir;
@@ -66,7 +47,7 @@ struct BasePago {
 };
 
 void BM_SaldarPago(benchmark::State& state) {
-    PlataformaBanco& plataforma = Instala();
+    PlataformaBanco& plataforma = InstalaPlataformaBanco();
     static BasePago base;
     globales::LoginAnalista = QStringLiteral("admin");
     globales::IdPagoActual = Pago;

@@ -1,0 +1,26 @@
+#pragma once
+// The platform of the screen benchmarks: Qt's, with message boxes that answer at once and are counted, so
+// that a benchmark can tell a box that stopped the work it measures.
+#include "core/ui/PlataformaQt.h"
+
+#include <memory>
+
+class PlataformaBanco : public ui::PlataformaQt {
+public:
+    int cajas = 0;
+    int MsgBox(const QString&, int, const QString&) override {
+        ++cajas;
+        return ui::vbOK;
+    }
+};
+
+// Installed once for the whole run.
+inline PlataformaBanco& InstalaPlataformaBanco() {
+    static PlataformaBanco* p = [] {
+        auto nueva = std::make_unique<PlataformaBanco>();
+        PlataformaBanco* r = nueva.get();
+        ui::InstalaPlataforma(std::move(nueva));
+        return r;
+    }();
+    return *p;
+}
