@@ -242,6 +242,8 @@ public:
     void Close();
     bool EnRed() const { return enRed_; }
     bool SoloLectura() const { return soloLectura_; }
+    // The schemas (main, attached files) whose money is still kept as decimals: read-only old files.
+    const QStringList& monedaAntigua() const { return monedaAntigua_; }
 
     // For the engine's own layers.
     sqlite3* sqlite() const { return db_; }
@@ -263,6 +265,7 @@ private:
     QString rutaAbierta_;      // the canonical path registered as open in this process
     bool enRed_ = false;
     bool soloLectura_ = false;
+    QStringList monedaAntigua_;
     std::unique_ptr<jet::Catalogo> catalogo_;
     TableDefsCollection tableDefs_;
     long long afectados_ = 0;
