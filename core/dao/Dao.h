@@ -246,6 +246,8 @@ public:
     // names it), made if missing. False when it can't be made (a read-only file, a table or column that an
     // older file lacks); nothing else changes then.
     bool AseguraIndiceDeConsulta(const QString& nombre, const QString& tabla, const QStringList& columnas);
+    // The schemas (main, attached files) whose money is still kept as decimals: read-only old files.
+    const QStringList& monedaAntigua() const { return monedaAntigua_; }
 
     // For the engine's own layers.
     sqlite3* sqlite() const { return db_; }
@@ -267,6 +269,7 @@ private:
     QString rutaAbierta_;      // the canonical path registered as open in this process
     bool enRed_ = false;
     bool soloLectura_ = false;
+    QStringList monedaAntigua_;
     std::unique_ptr<jet::Catalogo> catalogo_;
     TableDefsCollection tableDefs_;
     long long afectados_ = 0;

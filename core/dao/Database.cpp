@@ -467,13 +467,28 @@ void Database::abre(const QString& ruta, bool crear, bool soloLectura) {
     RegistraFunciones(db_);
     catalogo_ = std::make_unique<Catalogo>(db_);
     tableDefs_.db_ = this;
-    if (soloLectura_) return;
+    monedaAntigua_.clear();
+    if (crear) {
+        sqlite3_exec(db_, QStringLiteral("PRAGMA user_version = %1").arg(MonedaEnDiezmilesimosVersion).toUtf8().constData(),
+                     nullptr, nullptr, nullptr);
+    }
+    if (soloLectura_) {
+        // An old file that is only read keeps its decimals; the statements read them as ten-thousandths.
+        if (VersionMoneda(db_) < MonedaEnDiezmilesimosVersion) monedaAntigua_ << QStringLiteral("main");
+        return;
+    }
     try {
         PreparaMetadatos(db_);
         ActualizaIndicesDeTexto(db_);
     } catch (const vb::Error&) {
         // A database opened read-only by the system still reads; its bookkeeping tables are already there
         // or it was made by hand.
+    }
+    // Money kept as decimals by older versions becomes ten-thousandths, once. A file that can't be
+    // converted now is only read, in its old form, rather than written in two.
+    if (!ActualizaMoneda(db_, *catalogo_)) {
+        soloLectura_ = true;
+        monedaAntigua_ << QStringLiteral("main");
     }
 }
 
@@ -514,6 +529,7 @@ QString Database::adjunta(const QString& ruta) {
     sqlite3_finalize(st);
     if (rc != SQLITE_DONE) lanzaSqlite(rc);
     adjuntas_ << esquema;
+    if (VersionMoneda(db_, esquema) < MonedaEnDiezmilesimosVersion) monedaAntigua_ << esquema;
     return esquema;
 }
 
@@ -522,6 +538,7 @@ void Database::sueltaAdjuntas() {
     for (const auto& e : adjuntas_) {
         const QByteArray sql = QStringLiteral("DETACH DATABASE %1").arg(e).toUtf8();
         sqlite3_exec(db_, sql.constData(), nullptr, nullptr, nullptr);
+        monedaAntigua_.removeAll(e);
     }
     adjuntas_.clear();
     catalogo_->invalida();
@@ -634,7 +651,13 @@ void Database::Execute(const QString& sentencia, int opciones) {
     } suelta{this};
     Resolver resolver(*catalogo_, [this](const QString& r) { return adjunta(r); });
     resolver.resuelve(s);
-    EmisorSqlite emisor;
+    if (monedaAntigua_.contains(resolver.esquemaDestino())) {
+        // A file written into is brought to the present form of money first.
+        terminaLecturas();
+        if (!ActualizaMoneda(db_, *catalogo_, resolver.esquemaDestino())) Lanza(ErrSoloLectura);
+        monedaAntigua_.removeAll(resolver.esquemaDestino());
+    }
+    EmisorSqlite emisor(monedaAntigua_);
     Emision e = emisor.emite(s, resolver.tablaDestino(), false, resolver.esquemaDestino());
     QString sql = e.sql;
     // Without dbFailOnError the engine leaves out the rows it can't write and keeps the rest.

@@ -203,7 +203,7 @@ ValorCrudo CrudoDeVariante(const vb::Variant& v, QByteArray& texto) {
     case vb::VarType::Long:
     case vb::VarType::Byte: c.clase = SQLITE_INTEGER; c.entero = v.toLong(); break;
     case vb::VarType::Boolean: c.clase = SQLITE_INTEGER; c.entero = v.toBool() ? -1 : 0; break;
-    case vb::VarType::Currency: c.clase = SQLITE_FLOAT; c.real = v.toCurrency().toDouble(); break;
+    case vb::VarType::Currency: c.clase = SQLITE_INTEGER; c.entero = v.toCurrency().raw(); break;
     case vb::VarType::Single:
     case vb::VarType::Double: c.clase = SQLITE_FLOAT; c.real = v.toDouble(); break;
     case vb::VarType::Date:
@@ -297,7 +297,7 @@ void Recordset::abre() {
     if (s.clase != Sentencia::Consulta) Lanza(ErrOperacionNoValida);
     Resolver resolver(db_->catalogo());
     resolver.resuelve(s);
-    EmisorSqlite emisor;
+    EmisorSqlite emisor(db_->monedaAntigua());
     const bool escribible = tipo_ == dbOpenTable || tipo_ == dbOpenDynaset;
     Emision e = emisor.emite(s, nullptr, escribible);
     columnas_ = e.columnas;
@@ -489,7 +489,7 @@ void Recordset::busca(const QString& criterio, bool adelante, long desde) {
     ExprPtr e = AnalizaExpresion(criterio);
     Resolver resolver(db_->catalogo());
     resolver.resuelveCriterio(*e, columnas_);
-    EmisorSqlite emisor;
+    EmisorSqlite emisor(db_->monedaAntigua());
     const QByteArray u = (QStringLiteral("SELECT ") + emisor.expresion(*e)).toUtf8();
     sqlite3_stmt* st = nullptr;
     int rc = sqlite3_prepare_v2(db_->sqlite(), u.constData(), static_cast<int>(u.size()), &st, nullptr);

@@ -84,6 +84,11 @@ struct Expr {
     const Expr* alias = nullptr;      // Columna that names an earlier select item: that item's expression
     int parametro = -1;               // Columna bound to a host value (FindFirst): its index
     bool agregado = false;            // contains an aggregate at this query level
+
+    // Literal number as written, in ten-thousandths, when it has at most four decimals: money takes it
+    // exactly, where the Double it is typed as would round it. The magnitude only; a sign is an operator.
+    bool decimalExacto = false;
+    quint64 diezmilesimos = 0;
 };
 
 // A FROM element: a base table, a derived table (a subquery), or a join of two elements.

@@ -120,7 +120,16 @@ QString PredeterminadoSqlite(const QString& jet, TipoCampo tipo) {
         (t.startsWith(u'\'') && t.endsWith(u'\'') && t.size() >= 2))
         return CitaTexto(t.mid(1, t.size() - 2));
     bool ok = false;
-    t.toDouble(&ok);
+    const double d = t.toDouble(&ok);
+    if (ok && tipo == TipoCampo::Currency) {
+        // Money is kept in ten-thousandths.
+        auto m = vb::Currency::parse(t);
+        try {
+            return QString::number(m ? m->raw() : vb::Currency::fromDouble(d).raw());
+        } catch (const vb::Error&) {
+            return {};
+        }
+    }
     if (ok) return EsTexto(tipo) ? CitaTexto(t) : t;
     const QString u = t.toUpper();
     if (u == "NOW()") return QStringLiteral("(strftime('%Y-%m-%d %H:%M:%S','now','localtime'))");
@@ -341,6 +350,44 @@ void ActualizaIndicesDeTexto(sqlite3* db) {
         if (sqlite3_exec(db, u.constData(), nullptr, nullptr, nullptr) != SQLITE_OK)
             sqlite3_exec(db, "ROLLBACK TO indice; RELEASE indice;", nullptr, nullptr, nullptr);
     }
+}
+
+int VersionMoneda(sqlite3* db, const QString& esquema) {
+    Sentencia3 st(db, QStringLiteral("PRAGMA %1.user_version").arg(CitaNombre(esquema)));
+    return st.paso() ? static_cast<int>(st.entero(0)) : 0;
+}
+
+bool ActualizaMoneda(sqlite3* db, Catalogo& catalogo, const QString& esquema) {
+    // The check and the change under one write lock: two sessions opening the same old file convert it
+    // once between them.
+    if (VersionMoneda(db, esquema) >= MonedaEnDiezmilesimosVersion) return true;
+    if (sqlite3_exec(db, "BEGIN IMMEDIATE", nullptr, nullptr, nullptr) != SQLITE_OK) return false;
+    bool bien = true;
+    if (VersionMoneda(db, esquema) < MonedaEnDiezmilesimosVersion) {
+        QString sql;
+        const QString e = CitaNombre(esquema);
+        std::vector<const TablaDef*> tablas;
+        try {
+            tablas = catalogo.tablas(esquema);
+        } catch (const vb::Error&) {
+            bien = false;
+        }
+        for (const TablaDef* t : tablas) {
+            QStringList sets;
+            for (const auto& c : t->campos)
+                if (c.tipo == TipoCampo::Currency)
+                    sets << QStringLiteral("%1 = CAST(round(%1 * 10000) AS INTEGER)").arg(CitaNombre(c.nombre));
+            if (!sets.isEmpty())
+                sql += QStringLiteral("UPDATE %1.%2 SET %3;").arg(e, CitaNombre(t->nombre), sets.join(QStringLiteral(", ")));
+        }
+        sql += QStringLiteral("PRAGMA %1.user_version = %2;").arg(e).arg(MonedaEnDiezmilesimosVersion);
+        bien = bien && sqlite3_exec(db, sql.toUtf8().constData(), nullptr, nullptr, nullptr) == SQLITE_OK;
+    }
+    if (!bien || sqlite3_exec(db, "COMMIT", nullptr, nullptr, nullptr) != SQLITE_OK) {
+        sqlite3_exec(db, "ROLLBACK", nullptr, nullptr, nullptr);
+        return false;
+    }
+    return true;
 }
 
 void Catalogo::creaTabla(const TablaDef& def, const QString& esquema) {

@@ -52,6 +52,14 @@ struct TablaDef {
 // Rebuilds the text indexes of an older file so that their keys fold case in every alphabet.
 void ActualizaIndicesDeTexto(sqlite3* db);
 
+// Money has been kept as a whole count of ten-thousandths since the file's user_version reached this;
+// older files hold decimals. ActualizaMoneda converts every money column of a schema once, under a
+// write lock, and says whether the schema is now in the new form.
+constexpr int MonedaEnDiezmilesimosVersion = 1;
+int VersionMoneda(sqlite3* db, const QString& esquema = QStringLiteral("main"));
+class Catalogo;
+bool ActualizaMoneda(sqlite3* db, Catalogo& catalogo, const QString& esquema = QStringLiteral("main"));
+
 // Creates the bookkeeping tables in a database that lacks them.
 void PreparaMetadatos(sqlite3* db, const QString& esquema = QStringLiteral("main"));
 

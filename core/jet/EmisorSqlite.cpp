@@ -1,9 +1,12 @@
 #include "core/jet/EmisorSqlite.h"
 
 #include "core/jet/ErroresMotor.h"
+#include "core/jet/FuncionesSqlite.h"
 #include "core/jet/Resolver.h"
 
 #include <QRegularExpression>
+#include <limits>
+#include <optional>
 
 namespace jet {
 
@@ -27,7 +30,7 @@ QString Literal(const vb::Variant& v) {
     case vb::VarType::Integer:
     case vb::VarType::Long:
     case vb::VarType::Byte: return QString::number(v.toLong());
-    case vb::VarType::Currency: return v.toCurrency().toSql();
+    case vb::VarType::Currency: return QString::number(v.toCurrency().raw());
     case vb::VarType::Single:
     case vb::VarType::Double: {
         const double d = v.toDouble();
@@ -48,6 +51,68 @@ bool EsComparacion(QStringView op) {
 
 const char* const Colacion = " COLLATE JETTEXT";
 
+bool EsEntero(TipoCampo t) {
+    return t == TipoCampo::Boolean || t == TipoCampo::Byte || t == TipoCampo::Integer || t == TipoCampo::Long;
+}
+
+bool EsNulo(const Expr& e) { return e.tipo == TipoExpr::Literal && e.valor.isNull(); }
+
+// A literal number, signs included, as money in ten-thousandths. `exacto`: only when it is that amount
+// exactly (a comparison); otherwise a Double literal is rounded as it would be on its way into a field.
+std::optional<qint64> CrudoLiteral(const Expr& e, bool exacto) {
+    const Expr* x = &e;
+    bool negativo = false;
+    while (x->tipo == TipoExpr::Unario && (x->op == u"-" || x->op == u"+")) {
+        if (x->op == u"-") negativo = !negativo;
+        x = x->args[0].get();
+    }
+    if (x->tipo != TipoExpr::Literal) return std::nullopt;
+    constexpr quint64 Limite = quint64{1} << 63;
+    if (x->decimalExacto) {
+        const quint64 m = x->diezmilesimos;
+        if (negativo) return m == Limite ? std::numeric_limits<qint64>::min() : -static_cast<qint64>(m);
+        if (m >= Limite) return std::nullopt;
+        return static_cast<qint64>(m);
+    }
+    switch (x->valor.type()) {
+    case vb::VarType::Integer:
+    case vb::VarType::Long:
+    case vb::VarType::Byte: {
+        const qint64 v = x->valor.toLong() * vb::Currency::Escala;
+        return negativo ? -v : v;
+    }
+    case vb::VarType::Double:
+        if (exacto) return std::nullopt;
+        try {
+            const qint64 v = vb::Currency::fromDouble(x->valor.toDouble()).raw();
+            if (negativo && v == std::numeric_limits<qint64>::min()) return std::nullopt;
+            return negativo ? -v : v;
+        } catch (const vb::Error&) {
+            return std::nullopt;
+        }
+    default: return std::nullopt;
+    }
+}
+
+QString TextoCrudo(qint64 v) { return v < 0 ? u'(' + QString::number(v) + u')' : QString::number(v); }
+
+// An operand that compares with money in ten-thousandths without leaving whole numbers.
+bool CabeEnCrudo(const Expr& e) {
+    return e.tipoDato == TipoCampo::Currency || EsEntero(e.tipoDato) || EsNulo(e) || CrudoLiteral(e, true).has_value();
+}
+
+// Values compared together: in ten-thousandths when one of them is money and all of them can be; as
+// Doubles when one is money and another is not a whole amount; as they are when none is money.
+enum class Dominio { Propio, Crudo, Real };
+Dominio DominioDe(std::initializer_list<const Expr*> valores) {
+    bool moneda = false, crudo = true;
+    for (const Expr* v : valores) {
+        moneda = moneda || v->tipoDato == TipoCampo::Currency;
+        crudo = crudo && CabeEnCrudo(*v);
+    }
+    return !moneda ? Dominio::Propio : crudo ? Dominio::Crudo : Dominio::Real;
+}
+
 
 }  // namespace
 
@@ -55,6 +120,18 @@ QString EmisorSqlite::nombreTabla(const FuenteFrom& f) {
     QString n = CitaNombre(f.def->nombre);
     if (!f.esquemaSql.isEmpty() && f.esquemaSql != QLatin1String("main")) n = CitaNombre(f.esquemaSql) + u'.' + n;
     return n;
+}
+
+QString EmisorSqlite::paraCampo(const QString& valor, TipoCampo origen, const CampoDef& c) {
+    if (origen != TipoCampo::Currency) return conversion(valor, c);
+    if (c.tipo == TipoCampo::Currency) {
+        CampoDef enCrudo = c;
+        enCrudo.tipo = static_cast<TipoCampo>(MonedaEnDiezmilesimos);
+        return conversion(valor, enCrudo);
+    }
+    // Money into a field of another type: as text, or as the Double it is worth.
+    if (EsTexto(c.tipo)) return conversion(Une({u"jet_str(", valor, u", 5)"}), c);
+    return conversion(Une({u"(", valor, u" / 10000.0)"}), c);
 }
 
 QString EmisorSqlite::conversion(const QString& valor, const CampoDef& c) {
@@ -90,13 +167,13 @@ Emision EmisorSqlite::emite(const Sentencia& s, const TablaDef* destino, bool co
             const QString interior = select(*s.select, false, nullptr);
             for (size_t i = 0; i < campos.size(); ++i) {
                 const QString origen = i < s.select->salida.size() ? QStringLiteral("q.c%1").arg(i) : QStringLiteral("NULL");
-                valores << conversion(origen, *campos[i]);
+                valores << paraCampo(origen, i < s.select->salida.size() ? s.select->salida[i].tipo : TipoCampo::Ninguno,
+                                     *campos[i]);
             }
             r.sql += QStringLiteral("SELECT %1 FROM (%2) AS q").arg(valores.join(QStringLiteral(", ")), interior);
         } else {
             for (size_t i = 0; i < campos.size(); ++i) {
-                const QString v = i < s.valores.size() ? expr(*s.valores[i]) : QStringLiteral("NULL");
-                valores << conversion(v, *campos[i]);
+                valores << (i < s.valores.size() ? aCampo(*s.valores[i], *campos[i]) : conversion(QStringLiteral("NULL"), *campos[i]));
             }
             r.sql += QStringLiteral("VALUES (%1)").arg(valores.join(QStringLiteral(", ")));
         }
@@ -112,7 +189,7 @@ Emision EmisorSqlite::emite(const Sentencia& s, const TablaDef* destino, bool co
         for (const auto& f : s.from) busca(*f);
         QStringList sets;
         for (const auto& a : s.asignaciones)
-            sets << CitaNombre(a.columna) + QStringLiteral(" = ") + conversion(expr(*a.valor), *destino->campo(a.columna));
+            sets << CitaNombre(a.columna) + QStringLiteral(" = ") + aCampo(*a.valor, *destino->campo(a.columna));
         const bool simple = s.from.size() == 1 && s.from[0]->clase == FuenteFrom::Tabla;
         if (simple) {
             r.sql = QStringLiteral("UPDATE %1 AS %2 SET %3").arg(nombreTabla(*objetivo), CitaNombre(objetivo->aliasSql),
@@ -126,7 +203,7 @@ Emision EmisorSqlite::emite(const Sentencia& s, const TablaDef* destino, bool co
             QStringList sets2;
             for (const auto& a : s.asignaciones) {
                 sets2 << CitaNombre(a.columna) + QStringLiteral(" = (SELECT ") +
-                             conversion(expr(*a.valor), *destino->campo(a.columna)) + QStringLiteral(" FROM ") +
+                             aCampo(*a.valor, *destino->campo(a.columna)) + QStringLiteral(" FROM ") +
                              desde.join(QStringLiteral(", ")) + QStringLiteral(" WHERE %1.rowid = w.rowid)").arg(CitaNombre(objetivo->aliasSql));
             }
             QString filtro = QStringLiteral("SELECT %1.rowid FROM %2").arg(CitaNombre(objetivo->aliasSql), desde.join(QStringLiteral(", ")));
@@ -168,13 +245,15 @@ static QString ComoValor(const QString& t) {
     return entero.match(t).hasMatch() ? QStringLiteral("CAST(%1 AS NUMERIC)").arg(t) : t;
 }
 
-QString EmisorSqlite::select(const Select& s, bool conRowid, Emision* salida) {
+QString EmisorSqlite::select(const Select& s, bool conRowid, Emision* salida, const std::vector<ColumnaSalida>* tipos) {
     Profundidad nivel(profundidad_);
-    if (s.uniones.empty()) return nucleo(s, conRowid, salida);
-    QString sql = QStringLiteral("SELECT * FROM (") + nucleo(s, false, nullptr) + u')';
+    if (s.uniones.empty()) return nucleo(s, conRowid, salida, tipos);
+    // Every member writes its columns in the form of the union's types (money, Double, text).
+    const std::vector<ColumnaSalida>* comunes = tipos ? tipos : &s.salida;
+    QString sql = QStringLiteral("SELECT * FROM (") + nucleo(s, false, nullptr, comunes) + u')';
     for (const auto& m : s.uniones) {
         sql += m.all ? QStringLiteral(" UNION ALL ") : QStringLiteral(" UNION ");
-        sql += QStringLiteral("SELECT * FROM (") + select(*m.select, false, nullptr) + u')';
+        sql += QStringLiteral("SELECT * FROM (") + select(*m.select, false, nullptr, comunes) + u')';
     }
     if (!s.ordenUnion.empty()) {
         QStringList orden;
@@ -190,11 +269,11 @@ QString EmisorSqlite::select(const Select& s, bool conRowid, Emision* salida) {
     return sql;
 }
 
-QString EmisorSqlite::nucleo(const Select& s, bool conRowid, Emision* salida) {
+QString EmisorSqlite::nucleo(const Select& s, bool conRowid, Emision* salida, const std::vector<ColumnaSalida>* tipos) {
     QStringList items;
     for (size_t i = 0; i < s.expandidos.size(); ++i) {
         const Expr& e = *s.expandidos[i].expr;
-        QString t = expr(e);
+        QString t = tipos && i < tipos->size() && (*tipos)[i].tipo != e.tipoDato ? enTipo(e, (*tipos)[i].tipo) : expr(e);
         if (s.distinct && EsTexto(e.tipoDato)) t += QLatin1String(Colacion);
         items << Une({t, u" AS c", QString::number(i)});
     }
@@ -311,7 +390,29 @@ QString EmisorSqlite::comoTexto(const Expr& e) {
 
 QString EmisorSqlite::comoNumero(const Expr& e) {
     if (EsTexto(e.tipoDato) || e.tipoDato == TipoCampo::Ninguno) return Une({u"jet_num(", expr(e), u")"});
+    if (e.tipoDato == TipoCampo::Currency) return Une({u"(", expr(e), u" / 10000.0)"});
     return expr(e);
+}
+
+QString EmisorSqlite::crudo(const Expr& e) {
+    if (e.tipoDato == TipoCampo::Currency) return expr(e);
+    if (EsNulo(e)) return QStringLiteral("NULL");
+    if (auto v = CrudoLiteral(e, false)) return TextoCrudo(*v);
+    if (EsEntero(e.tipoDato)) return Une({u"(", expr(e), u" * 10000)"});
+    return Une({u"jet_acur(", expr(e), u")"});
+}
+
+QString EmisorSqlite::enTipo(const Expr& e, TipoCampo tipo) {
+    if (tipo == TipoCampo::Currency) return crudo(e);
+    if (e.tipoDato != TipoCampo::Currency) return expr(e);
+    return EsTexto(tipo) ? comoTexto(e) : comoNumero(e);
+}
+
+QString EmisorSqlite::aCampo(const Expr& e, const CampoDef& c) {
+    // Money, or a number written with its exact amount, goes into a money field as ten-thousandths.
+    if (c.tipo == TipoCampo::Currency && (e.tipoDato == TipoCampo::Currency || CrudoLiteral(e, false)))
+        return paraCampo(crudo(e), TipoCampo::Currency, c);
+    return paraCampo(expr(e), e.tipoDato, c);
 }
 
 namespace {
@@ -379,6 +480,20 @@ QString EmisorSqlite::cadena(const Expr& e) {
         Agrupa(partes, 0, partes.size(), u" || ", salida);
         return salida;
     }
+    if (e.tipoDato == TipoCampo::Currency) {
+        // Money: sums of whole ten-thousandths; a product scales by whole numbers, or by other amounts
+        // rounding each step.
+        int montos = 0;
+        for (const auto& x : e.args) montos += x->tipoDato == TipoCampo::Currency ? 1 : 0;
+        if (op == u"*" && montos > 1) {
+            for (const auto& x : e.args) partes << crudo(*x);
+            AgrupaLlamada(partes, 0, partes.size(), u"jet_mulcur", salida);
+            return salida;
+        }
+        for (const auto& x : e.args) partes << (op == u"+" ? crudo(*x) : expr(*x));
+        Agrupa(partes, 0, partes.size(), op == u"+" ? QStringView(u" + ") : QStringView(u" * "), salida);
+        return salida;
+    }
     // + and * of numbers.
     for (const auto& x : e.args) partes << comoNumero(*x);
     Agrupa(partes, 0, partes.size(), op == u"+" ? QStringView(u" + ") : QStringView(u" * "), salida);
@@ -391,6 +506,11 @@ QString EmisorSqlite::binario(const Expr& e) {
     const Expr& b = *e.args[1];
     const QStringView op = e.op;
     if (EsComparacion(op)) {
+        switch (DominioDe({&a, &b})) {
+        case Dominio::Crudo: return Une({u"(", crudo(a), u" ", op, u" ", crudo(b), u")"});
+        case Dominio::Real: return Une({u"(", comoNumero(a), u" ", op, u" ", comoNumero(b), u")"});
+        case Dominio::Propio: break;
+        }
         const bool texto = EsTexto(a.tipoDato) || EsTexto(b.tipoDato);
         const bool numerico = EsNumerico(a.tipoDato) || EsNumerico(b.tipoDato);
         if (texto && numerico) {
@@ -412,6 +532,12 @@ QString EmisorSqlite::binario(const Expr& e) {
             return QStringLiteral("jet_fecha_mas(%1, %2%3)").arg(expr(a), op == u"-" ? QStringLiteral("-") : QString(), comoNumero(b));
         return QStringLiteral("jet_fecha_mas(%1, %2)").arg(expr(b), comoNumero(a));
     }
+    if (e.tipoDato == TipoCampo::Currency && (op == u"+" || op == u"-" || op == u"*")) {
+        if (op != u"*") return Une({u"(", crudo(a), u" ", op, u" ", crudo(b), u")"});
+        if (a.tipoDato == TipoCampo::Currency && b.tipoDato == TipoCampo::Currency)
+            return Une({u"jet_mulcur(", expr(a), u", ", expr(b), u")"});
+        return Une({u"(", expr(a), u" * ", expr(b), u")"});
+    }
     if (op == u"/") return QStringLiteral("(CAST(%1 AS REAL) / %2)").arg(comoNumero(a), comoNumero(b));
     if (op == u"\\") return QStringLiteral("jet_divent(%1, %2)").arg(comoNumero(a), comoNumero(b));
     if (op == u"MOD") return QStringLiteral("jet_mod(%1, %2)").arg(comoNumero(a), comoNumero(b));
@@ -426,12 +552,29 @@ QString EmisorSqlite::funcion(const Expr& e) {
         if (e.args[0]->tipo == TipoExpr::Estrella) return QStringLiteral("count(*)");
         return QStringLiteral("count(%1)").arg(arg(0));
     }
+    const bool moneda = !e.args.empty() && e.args[0]->tipoDato == TipoCampo::Currency;
+    if (moneda) {
+        // Money in, money out, in ten-thousandths: sums exact in 64 bits, the mean rounded half to even.
+        if (n == "SUM") return Une({u"sum(", arg(0), u")"});
+        if (n == "AVG") {
+            const QString x = arg(0);
+            return Une({u"jet_promcur(sum(", x, u"), count(", x, u"))"});
+        }
+        if (n == "ABS") return Une({u"abs(", arg(0), u")"});
+        if (n == "CCUR") return arg(0);
+        if (n == "INT" || n == "FIX") return Une({u"jet_redcur(", arg(0), n == "INT" ? u", 0)" : u", 1)"});
+        if (n == "ROUND")
+            return Une({u"jet_redcur(", arg(0), u", 2", e.args.size() > 1 ? QStringLiteral(", ") + comoNumero(*e.args[1]) : QString(), u")"});
+    }
     if (n == "SUM" || n == "AVG") return QStringLiteral("%1(%2)").arg(n.toLower(), comoNumero(*e.args[0]));
     if (n == "MIN" || n == "MAX")
         return QStringLiteral("%1(%2%3)").arg(n.toLower(), arg(0), EsTexto(e.args[0]->tipoDato) ? QLatin1String(Colacion) : QLatin1String(""));
-    if (n == u"IIF") return Une({u"(CASE WHEN ", arg(0), u" THEN ", arg(1), u" ELSE ", arg(2), u" END)"});
+    if (n == u"IIF")
+        return Une({u"(CASE WHEN ", arg(0), u" THEN ", enTipo(*e.args[1], e.tipoDato), u" ELSE ", enTipo(*e.args[2], e.tipoDato), u" END)"});
     if (n == u"ISNULL") return Une({u"(-(", arg(0), u" IS NULL))"});   // True is -1, as IsNull(x) = True expects
-    if (n == "NZ") return QStringLiteral("coalesce(%1, %2)").arg(arg(0), e.args.size() > 1 ? arg(1) : QStringLiteral("0"));
+    if (n == "NZ")
+        return QStringLiteral("coalesce(%1, %2)").arg(enTipo(*e.args[0], e.tipoDato),
+                                                     e.args.size() > 1 ? enTipo(*e.args[1], e.tipoDato) : QStringLiteral("0"));
     if (n == "ABS") return QStringLiteral("abs(%1)").arg(comoNumero(*e.args[0]));
     if (n == "CSTR" || n == "STR") return comoTexto(*e.args[0]);
     if (n == "FORMAT") {
@@ -446,7 +589,7 @@ QString EmisorSqlite::funcion(const Expr& e) {
         // Text functions read typed values as text; the others get what SQLite holds.
         const bool textual = n == "MID" || n == "LEFT" || n == "RIGHT" || n == "LEN" || n.endsWith("TRIM") ||
                              n == "UCASE" || n == "LCASE" || n == "REPLACE" || n == "VAL";
-        args << (textual && &a == &e.args[0] ? comoTexto(*a) : expr(*a));
+        args << (textual && &a == &e.args[0] ? comoTexto(*a) : a->tipoDato == TipoCampo::Currency ? comoNumero(*a) : expr(*a));
     }
     return Une({u"jet_", n.toLower(), u"(", args.join(QStringLiteral(", ")), u")"});
 }
@@ -459,35 +602,67 @@ QString EmisorSqlite::expr(const Expr& e) {
     case TipoExpr::Columna:
         if (e.parametro >= 0) return QStringLiteral("?%1").arg(e.parametro + 1);
         if (e.alias) return u'(' + expr(*e.alias) + u')';
-        if (e.campo) return Une({u"\"", e.fuente->aliasSql, u"\".", CitaNombre(e.campo->nombre)});
+        if (e.campo) {
+            QString c = Une({u"\"", e.fuente->aliasSql, u"\".", CitaNombre(e.campo->nombre)});
+            if (e.campo->tipo == TipoCampo::Currency && !monedaAntigua_.isEmpty() && monedaAntigua_.contains(e.fuente->esquemaSql))
+                c = Une({u"CAST(round(", c, u" * 10000) AS INTEGER)"});
+            return c;
+        }
         if (e.fuente && e.columnaSub >= 0) return Une({u"\"", e.fuente->aliasSql, u"\".c", QString::number(e.columnaSub)});
         Lanza(ErrPocosParametros, QStringLiteral("1"));
     case TipoExpr::Estrella:
         return QStringLiteral("*");
     case TipoExpr::Unario:
         if (e.op == u"NOT") return Une({u"(NOT ", expr(*e.args[0]), u")"});
+        if (e.tipoDato == TipoCampo::Currency) return Une({u"(", e.op, expr(*e.args[0]), u")"});
         return Une({u"(", e.op, comoNumero(*e.args[0]), u")"});
     case TipoExpr::Binario:
         return binario(e);
     case TipoExpr::Between: {
         const bool texto = EsTexto(e.args[0]->tipoDato);
+        const Dominio d = DominioDe({e.args[0].get(), e.args[1].get(), e.args[2].get()});
+        auto valor = [&](size_t i) {
+            return d == Dominio::Crudo ? crudo(*e.args[i]) : d == Dominio::Real ? comoNumero(*e.args[i]) : expr(*e.args[i]);
+        };
         return QStringLiteral("(%1%2 %3BETWEEN %4 AND %5)")
-            .arg(expr(*e.args[0]), texto ? QLatin1String(Colacion) : QLatin1String(""),
-                 e.negado ? QStringLiteral("NOT ") : QString(), expr(*e.args[1]), expr(*e.args[2]));
+            .arg(valor(0), texto ? QLatin1String(Colacion) : QLatin1String(""),
+                 e.negado ? QStringLiteral("NOT ") : QString(), valor(1), valor(2));
     }
     case TipoExpr::EnLista: {
+        Dominio d = Dominio::Propio;
+        for (size_t i = 1; i < e.args.size(); ++i) {
+            const Dominio di = DominioDe({e.args[0].get(), e.args[i].get()});
+            if (di == Dominio::Real || (di == Dominio::Crudo && d == Dominio::Propio)) d = di;
+        }
+        auto valor = [&](size_t i) {
+            return d == Dominio::Crudo ? crudo(*e.args[i]) : d == Dominio::Real ? comoNumero(*e.args[i]) : expr(*e.args[i]);
+        };
         QStringList l;
-        for (size_t i = 1; i < e.args.size(); ++i) l << expr(*e.args[i]);
+        for (size_t i = 1; i < e.args.size(); ++i) l << valor(i);
         const bool texto = EsTexto(e.args[0]->tipoDato);
         return QStringLiteral("(%1%2 %3IN (%4))")
-            .arg(expr(*e.args[0]), texto ? QLatin1String(Colacion) : QLatin1String(""),
+            .arg(valor(0), texto ? QLatin1String(Colacion) : QLatin1String(""),
                  e.negado ? QStringLiteral("NOT ") : QString(), l.join(QStringLiteral(", ")));
     }
     case TipoExpr::EnSelect: {
-        const bool texto = EsTexto(e.args[0]->tipoDato);
+        const Expr& v = *e.args[0];
+        const bool texto = EsTexto(v.tipoDato);
+        QString izquierda = expr(v);
+        QString sub = select(*e.sub);
+        // Money on one side only: both in ten-thousandths when the other side is whole, else as Doubles.
+        const TipoCampo otro = e.sub->salida.empty() ? TipoCampo::Ninguno : e.sub->salida[0].tipo;
+        if ((v.tipoDato == TipoCampo::Currency) != (otro == TipoCampo::Currency)) {
+            if (v.tipoDato == TipoCampo::Currency) {
+                if (EsEntero(otro)) sub = Une({u"SELECT c0 * 10000 FROM (", sub, u")"});
+                else izquierda = comoNumero(v);
+            } else if (CabeEnCrudo(v)) {
+                izquierda = crudo(v);
+            } else {
+                sub = Une({u"SELECT c0 / 10000.0 FROM (", sub, u")"});
+            }
+        }
         return QStringLiteral("(%1%2 %3IN (%4))")
-            .arg(expr(*e.args[0]), texto ? QLatin1String(Colacion) : QLatin1String(""),
-                 e.negado ? QStringLiteral("NOT ") : QString(), select(*e.sub));
+            .arg(izquierda, texto ? QLatin1String(Colacion) : QLatin1String(""), e.negado ? QStringLiteral("NOT ") : QString(), sub);
     }
     case TipoExpr::Exists:
         return QStringLiteral("EXISTS (%1)").arg(select(*e.sub));

@@ -8,6 +8,7 @@ namespace {
 
 const QHash<int, QString>& Textos() {
     static const QHash<int, QString> textos = {
+        {6, QStringLiteral("Desbordamiento")},
         {3000, QStringLiteral("Error reservado (%1); no hay mensaje para este error.")},
         {3043, QStringLiteral("Error de disco o de red.")},
         {3190, QStringLiteral("Se definieron demasiados campos.")},

@@ -42,6 +42,7 @@ enum NumeroError : int {
     ErrLongitudCero = 3315,
     ErrFormatoNoReconocido = 3343,
     ErrValoresYCampos = 3346,
+    ErrDesbordamiento = 6,             // the language's overflow, which money in an expression raises
     ErrDesbordamientoCampo = 3349,
     ErrSubconsultaVariasFilas = 3354,
     ErrCampoYaExiste = 3380,

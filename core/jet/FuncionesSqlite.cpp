@@ -105,12 +105,7 @@ void Devuelve(sqlite3_context* ctx, const vb::Variant& v) {
     case vb::VarType::Long:
     case vb::VarType::Byte: sqlite3_result_int64(ctx, v.toLong()); return;
     case vb::VarType::Boolean: sqlite3_result_int64(ctx, v.toBool() ? -1 : 0); return;
-    case vb::VarType::Currency: {
-        const qint64 raw = v.toCurrency().raw();
-        if (raw % vb::Currency::Escala == 0) sqlite3_result_int64(ctx, raw / vb::Currency::Escala);
-        else sqlite3_result_double(ctx, v.toCurrency().toDouble());
-        return;
-    }
+    case vb::VarType::Currency: sqlite3_result_int64(ctx, v.toCurrency().raw()); return;
     case vb::VarType::Single:
     case vb::VarType::Double: sqlite3_result_double(ctx, v.toDouble()); return;
     case vb::VarType::Date: {
@@ -135,7 +130,7 @@ void Despacha(sqlite3_context* ctx, int argc, sqlite3_value** argv) {
     } catch (const vb::Error& e) {
         // The language's own errors inside an expression are reported by the engine as mismatches, save
         // for the engine's numbers, which pass through.
-        const int n = e.Number() >= 3000 ? e.Number() : (e.Number() == 94 ? 94 : ErrTiposNoCoinciden);
+        const int n = e.Number() >= 3000 ? e.Number() : (e.Number() == 94 || e.Number() == 6 ? e.Number() : ErrTiposNoCoinciden);
         const QByteArray m = QStringLiteral("JET:%1:%2").arg(n).arg(e.Number() >= 3000 ? e.Description() : QString()).toUtf8();
         sqlite3_result_error(ctx, m.constData(), static_cast<int>(m.size()));
     } catch (const std::bad_alloc&) {
@@ -261,8 +256,9 @@ vb::Variant DeCrudoLento(const ValorCrudo& v, TipoCampo tipo) {
         }
         return natural();
     case TipoCampo::Currency:
-        if (v.clase == SQLITE_INTEGER) return vb::Variant(vb::Currency::fromLong(v.entero));
-        if (v.clase == SQLITE_FLOAT) return vb::Variant(vb::Currency::fromDouble(v.real));
+        // Money is kept in ten-thousandths; a real there is a sum that left 64 bits (or an old decimal).
+        if (v.clase == SQLITE_INTEGER) return vb::Variant(vb::Currency::fromRaw(v.entero));
+        if (v.clase == SQLITE_FLOAT) return vb::Variant(vb::Currency::fromDouble(v.real / vb::Currency::Escala));
         return natural();
     case TipoCampo::Single:
         return numero ? vb::Variant::Single(static_cast<float>(v.clase == SQLITE_FLOAT ? v.real : v.entero)) : natural();
@@ -305,8 +301,7 @@ vb::Variant DeCrudo(const ValorCrudo& v, TipoCampo tipo) {
             return vb::Variant::Integer(static_cast<qint16>(v.entero));
         break;
     case TipoCampo::Currency:
-        if (v.clase == SQLITE_FLOAT) return vb::Variant(vb::Currency::fromDouble(v.real));
-        if (v.clase == SQLITE_INTEGER) return vb::Variant(vb::Currency::fromLong(v.entero));
+        if (v.clase == SQLITE_INTEGER) return vb::Variant(vb::Currency::fromRaw(v.entero));
         break;
     case TipoCampo::Date:
         if (v.clase == SQLITE_TEXT) {
@@ -364,8 +359,7 @@ vb::Variant LeeColumna(sqlite3_stmt* st, int columna, TipoCampo tipo) {
         }
         break;
     case TipoCampo::Currency:
-        if (clase == SQLITE_FLOAT) return vb::Variant(vb::Currency::fromDouble(sqlite3_value_double(v)));
-        if (clase == SQLITE_INTEGER) return vb::Variant(vb::Currency::fromLong(sqlite3_value_int64(v)));
+        if (clase == SQLITE_INTEGER) return vb::Variant(vb::Currency::fromRaw(sqlite3_value_int64(v)));
         break;
     case TipoCampo::Date:
         if (clase == SQLITE_TEXT) {
@@ -414,12 +408,7 @@ void Enlaza(sqlite3_stmt* st, int i, const vb::Variant& v) {
     case vb::VarType::Long:
     case vb::VarType::Byte: sqlite3_bind_int64(st, i, v.toLong()); return;
     case vb::VarType::Boolean: sqlite3_bind_int64(st, i, v.toBool() ? -1 : 0); return;
-    case vb::VarType::Currency: {
-        const qint64 raw = v.toCurrency().raw();
-        if (raw % vb::Currency::Escala == 0) sqlite3_bind_int64(st, i, raw / vb::Currency::Escala);
-        else sqlite3_bind_double(st, i, v.toCurrency().toDouble());
-        return;
-    }
+    case vb::VarType::Currency: sqlite3_bind_int64(st, i, v.toCurrency().raw()); return;
     case vb::VarType::Single:
     case vb::VarType::Double: sqlite3_bind_double(st, i, v.toDouble()); return;
     case vb::VarType::Date: {
@@ -473,9 +462,15 @@ vb::Variant ConvierteParaCampo(const vb::Variant& valor, const CampoDef& c) {
             if (auto m = vb::Currency::parse(valor.toString())) return vb::Variant(*m);
             FallaFuncion(ErrTiposNoCoinciden);
         }
+        if (valor.type() == vb::VarType::Integer || valor.type() == vb::VarType::Long || valor.type() == vb::VarType::Byte ||
+            valor.type() == vb::VarType::Boolean)
+            return vb::Variant(vb::Currency::fromRaw(valor.toLong() * vb::Currency::Escala));
         const double d = numero();
-        if (!(std::fabs(d) < 922337203685477.0)) FallaFuncion(ErrDesbordamientoCampo, c.nombre);
-        return vb::Variant(vb::Currency::fromDouble(d));
+        try {
+            return vb::Variant(vb::Currency::fromDouble(d));
+        } catch (const vb::Error&) {
+            FallaFuncion(ErrDesbordamientoCampo, c.nombre);
+        }
     }
     case TipoCampo::Single: return vb::Variant::Single(static_cast<float>(numero()));
     case TipoCampo::Double: return vb::Variant(numero());
@@ -541,6 +536,8 @@ void LanzaSqlite(sqlite3* db, int rc, const QString& ruta) {
         msg.contains(QLatin1String("at most 64 tables")))
         Lanza(ErrConsultaCompleja);
     if (msg.contains(QLatin1String("too many columns"))) Lanza(ErrDemasiadosCampos);
+    // A sum of money beyond 64 bits of ten-thousandths.
+    if (msg.contains(QLatin1String("integer overflow"))) Lanza(ErrDesbordamiento);
     Lanza(ErrReservado, QString::number(extendido));
 }
 
@@ -566,9 +563,20 @@ void RegistraFunciones(sqlite3* db) {
         return vb::Variant(TextoDe(LeeValor(a[0], static_cast<TipoCampo>(sqlite3_value_int(a[1])))));
     });
     // jet_conv(x, tipo, tamano, atributos, requerido, longitudCero, nombre): a value made fit for its field.
+    // The type MonedaEnDiezmilesimos: a money field given money, already in ten-thousandths.
     Registra(db, "jet_conv", 7, [=](sqlite3_value** a, int) {
         CampoDef c;
-        c.tipo = static_cast<TipoCampo>(sqlite3_value_int(a[1]));
+        const int tipo = sqlite3_value_int(a[1]);
+        if (tipo == MonedaEnDiezmilesimos) {
+            switch (sqlite3_value_type(a[0])) {
+            case SQLITE_INTEGER: return vb::Variant(vb::Currency::fromRaw(sqlite3_value_int64(a[0])));
+            case SQLITE_NULL:
+                if (sqlite3_value_int(a[4]) != 0) FallaFuncion(ErrRequerido, texto(a[6]));
+                return vb::Variant::Null();
+            default: FallaFuncion(ErrDesbordamientoCampo, texto(a[6]));
+            }
+        }
+        c.tipo = static_cast<TipoCampo>(tipo);
         c.tamano = sqlite3_value_int(a[2]);
         c.atributos = sqlite3_value_int(a[3]);
         c.requerido = sqlite3_value_int(a[4]) != 0;
@@ -637,6 +645,58 @@ void RegistraFunciones(sqlite3* db) {
         const double n = Natural(a[0]).toDouble();
         if (n > LargoMaximoTexto) FallaFuncion(ErrRecursosExcedidos);
         return vb::Variant(vb::Space(Natural(a[0]).toLong()));
+    });
+    // Money in ten-thousandths. jet_acur(x): any value as money (overflow: 6).
+    Registra(db, "jet_acur", 1, [=](sqlite3_value** a, int) {
+        switch (sqlite3_value_type(a[0])) {
+        case SQLITE_NULL: return vb::Variant::Null();
+        case SQLITE_INTEGER: return vb::Variant(vb::Currency::fromLong(sqlite3_value_int64(a[0])));
+        case SQLITE_FLOAT: return vb::Variant(vb::Currency::fromDouble(sqlite3_value_double(a[0])));
+        default: {
+            const vb::Variant v = Natural(a[0]);
+            if (auto m = vb::Currency::parse(v.toString())) return vb::Variant(*m);
+            if (!vb::IsNumeric(v)) FallaFuncion(ErrTiposNoCoinciden);
+            return vb::Variant(vb::Currency::fromDouble(v.toDouble()));
+        }
+        }
+    });
+    // jet_mulcur(a, b, ...): the product of amounts, each step rounded half to even.
+    Registra(db, "jet_mulcur", -1, [=](sqlite3_value** a, int n) {
+        if (n == 0 || nulo(a[0])) return vb::Variant::Null();
+        vb::Currency r = vb::Currency::fromRaw(sqlite3_value_int64(a[0]));
+        for (int i = 1; i < n; ++i) {
+            if (nulo(a[i])) return vb::Variant::Null();
+            if (sqlite3_value_type(a[i]) != SQLITE_INTEGER) FallaFuncion(ErrDesbordamiento);
+            r = r * vb::Currency::fromRaw(sqlite3_value_int64(a[i]));
+        }
+        return vb::Variant(r);
+    });
+    // jet_promcur(suma, cuenta): the mean of amounts, rounded half to even.
+    Registra(db, "jet_promcur", 2, [=](sqlite3_value** a, int) {
+        if (nulo(a[0]) || sqlite3_value_int64(a[1]) == 0) return vb::Variant::Null();
+        return vb::Variant(vb::Currency::fromRaw(sqlite3_value_int64(a[0])) /
+                           vb::Currency::fromLong(sqlite3_value_int64(a[1])));
+    });
+    // jet_redcur(x, modo[, decimales]): Int (0), Fix (1) or Round (2) of an amount, exact.
+    Registra(db, "jet_redcur", -1, [=](sqlite3_value** a, int n) {
+        if (nulo(a[0])) return vb::Variant::Null();
+        const qint64 x = sqlite3_value_int64(a[0]);
+        const int modo = sqlite3_value_int(a[1]);
+        qint64 paso = vb::Currency::Escala;
+        if (modo == 2 && n > 2) {
+            const qint64 dec = Natural(a[2]).toLong();
+            if (dec < 0) FallaFuncion(5);
+            paso = dec >= 4 ? 1 : dec == 3 ? 10 : dec == 2 ? 100 : dec == 1 ? 1000 : vb::Currency::Escala;
+        }
+        if (paso == 1) return vb::Variant(vb::Currency::fromRaw(x));
+        qint64 q = x / paso;
+        const qint64 r = x % paso;
+        if (modo == 0 && r < 0) --q;
+        if (modo == 2) {
+            const qint64 ar = r < 0 ? -r : r;
+            if (2 * ar > paso || (2 * ar == paso && q % 2 != 0)) q += r < 0 ? -1 : 1;
+        }
+        return vb::Variant(vb::Currency::fromRaw(q) * paso);
     });
     Registra(db, "jet_ccur", 1, [=](sqlite3_value** a, int) {
         vb::Variant v = Natural(a[0]);

@@ -40,6 +40,9 @@ vb::Variant LeeValor(sqlite3_value* v, TipoCampo tipo);
 void Enlaza(sqlite3_stmt* st, int indice, const vb::Variant& valor);   // 1-based, stored form
 std::optional<vb::Fecha> FechaAlmacenada(const char* texto, int bytes);  // "yyyy-mm-dd hh:nn:ss" only
 
+// The type code jet_conv is given for a money field whose value is already money in ten-thousandths.
+constexpr int MonedaEnDiezmilesimos = 105;
+
 // A value made fit for a field: converted to its type, or refused with the engine's error (3314 required,
 // 3315 zero length, 3163 too long, 3349 overflow, 3464 type mismatch).
 vb::Variant ConvierteParaCampo(const vb::Variant& valor, const CampoDef& campo);

@@ -629,6 +629,26 @@ ExprPtr Analizador::primario() {
                 return e;
             }
         }
+        // Up to four decimals the number is also kept exact, for money.
+        {
+            const QStringView texto = t.texto;
+            const qsizetype punto = texto.indexOf(u'.');
+            const qsizetype decimales = punto < 0 ? 0 : texto.size() - punto - 1;
+            bool digitos = decimales <= 4 && texto.size() <= 24;
+            quint64 m = 0;
+            for (qsizetype i = 0; digitos && i < texto.size(); ++i) {
+                if (i == punto) continue;
+                const unsigned dgt = static_cast<unsigned>(texto[i].unicode() - u'0');
+                if (dgt > 9u || __builtin_mul_overflow(m, quint64{10}, &m) || __builtin_add_overflow(m, quint64{dgt}, &m))
+                    digitos = false;
+            }
+            for (qsizetype i = decimales; digitos && i < 4; ++i)
+                if (__builtin_mul_overflow(m, quint64{10}, &m)) digitos = false;
+            if (digitos && m <= quint64{1} << 63) {
+                e->decimalExacto = true;
+                e->diezmilesimos = m;
+            }
+        }
         // A number beyond what a Double holds is no number of the dialect.
         const double d = t.texto.toDouble();
         if (!std::isfinite(d)) {

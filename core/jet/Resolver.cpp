@@ -686,6 +686,7 @@ void Resolver::expr(Expr& e, Ambito& a) {
         switch (e.valor.type()) {
         case vb::VarType::Long: e.tipoDato = TipoCampo::Long; break;
         case vb::VarType::Double: e.tipoDato = TipoCampo::Double; break;
+        case vb::VarType::Currency: e.tipoDato = TipoCampo::Currency; break;
         case vb::VarType::String: e.tipoDato = TipoCampo::Text; break;
         case vb::VarType::Date: e.tipoDato = TipoCampo::Date; break;
         case vb::VarType::Boolean: e.tipoDato = TipoCampo::Boolean; break;

@@ -132,7 +132,9 @@ TEST_F(Esquema, ElArchivoEsSqliteYSusClavesDeTextoIgnoranMayusculasEnTodoAlfabet
         return r.join(u'|');
     };
     EXPECT_EQ(texto(s, "SELECT Nombre FROM Bibliotecas"), "Ñandú");
-    EXPECT_EQ(texto(s, "SELECT Costo || ' ' || \"Fecha de Recepcion\" FROM \"Solicitudes Libros\""), "1250.5 2026-09-01 00:00:00");
+    // Money is kept as a whole count of ten-thousandths.
+    EXPECT_EQ(texto(s, "SELECT Costo || ' ' || typeof(Costo) || ' ' || \"Fecha de Recepcion\" FROM \"Solicitudes Libros\""),
+              "12505000 integer 2026-09-01 00:00:00");
     EXPECT_EQ(texto(s, "SELECT group_concat(Login, ',') FROM (SELECT Login FROM Analistas ORDER BY 1)"), "jose,josé");
     sqlite3_close(s);
 

@@ -1941,3 +1941,39 @@ select * from Bibliotecas where No=1 ORDER BY +0 ASC, -(1)
 === Agrupado por una constante
 expect: rows 1
 select count(*) from Bibliotecas GROUP BY -1
+
+=== Saldo de financiamiento con el mayor monto
+expect: affected 1
+INSERT INTO adqSaldoFinanciamientos VALUES (9, #2024/01/01#, 922337203685477.5807, 0, 'x', 'y')
+
+=== Saldo de financiamiento con el mayor monto leído
+expect: value 922337203685477.5807
+SELECT Monto FROM adqSaldoFinanciamientos WHERE IdFinanciamiento=9
+
+=== Saldo de financiamiento que se desborda
+expect: error 3349
+UPDATE adqSaldoFinanciamientos SET Monto=Monto+CCur(0.0001) WHERE IdFinanciamiento=9
+
+=== Suma de saldos que se desborda
+expect: error 6
+SELECT SUM(Monto) FROM adqSaldoFinanciamientos WHERE IdFinanciamiento=9 OR Monto>0
+
+=== Proyecto con monto disponible de centavos
+expect: affected 1
+UPDATE adqSaldoFinanciamientos SET Monto=900000000000.0001 WHERE IdFinanciamiento=9
+
+=== Proyecto que descuenta un diezmilésimo
+expect: affected 1
+UPDATE adqSaldoFinanciamientos SET Monto=(Monto-CCur(0.0001)) WHERE IdFinanciamiento=9
+
+=== Proyecto que descuenta un diezmilésimo leído
+expect: value 900000000000
+SELECT Monto FROM adqSaldoFinanciamientos WHERE IdFinanciamiento=9
+
+=== Saldo restado de un entero
+expect: value -899999995000
+SELECT (5000-Monto) AS Saldo FROM adqSaldoFinanciamientos WHERE IdFinanciamiento=9
+
+=== Saldo comparado con un decimal
+expect: rows 1
+SELECT * FROM adqSaldoFinanciamientos WHERE Monto > 899999999999.9999 AND Monto < 900000000000.0001
