@@ -13,6 +13,7 @@ const QHash<int, QString>& Textos() {
         {3043, QStringLiteral("Error de disco o de red.")},
         {3190, QStringLiteral("Se definieron demasiados campos.")},
         {3360, QStringLiteral("Consulta demasiado compleja.")},
+        {3095, QStringLiteral("No se puede tener una función de agregado en la expresión (%1).")},
         {3010, QStringLiteral("La tabla '%1' ya existe.")},
         {3020, QStringLiteral("Update o CancelUpdate sin AddNew o Edit.")},
         {3021, QStringLiteral("No hay un registro activo.")},

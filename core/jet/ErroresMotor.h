@@ -55,6 +55,7 @@ enum NumeroError : int {
     ErrRecursosExcedidos = 3035,
     ErrDiscoORed = 3043,
     ErrDemasiadosCampos = 3190,
+    ErrAgregadoEnExpresion = 3095,     // an aggregate where no group is made: a SET, a WHERE, a VALUES
     ErrConsultaCompleja = 3360,
 };
 

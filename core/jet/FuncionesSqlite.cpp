@@ -536,6 +536,12 @@ void LanzaSqlite(sqlite3* db, int rc, const QString& ruta) {
         msg.contains(QLatin1String("at most 64 tables")))
         Lanza(ErrConsultaCompleja);
     if (msg.contains(QLatin1String("too many columns"))) Lanza(ErrDemasiadosCampos);
+    // "misuse of aggregate function count()", "misuse of aggregate: max()": an aggregate where no group is.
+    if (msg.startsWith(QLatin1String("misuse of aggregate"))) {
+        QString funcion = msg.mid(msg.lastIndexOf(u' ') + 1);
+        if (funcion.startsWith(QLatin1String("jet_"))) funcion = funcion.mid(4);
+        Lanza(ErrAgregadoEnExpresion, funcion);
+    }
     // A sum of money beyond 64 bits of ten-thousandths.
     if (msg.contains(QLatin1String("integer overflow"))) Lanza(ErrDesbordamiento);
     Lanza(ErrReservado, QString::number(extendido));

@@ -1977,3 +1977,11 @@ SELECT (5000-Monto) AS Saldo FROM adqSaldoFinanciamientos WHERE IdFinanciamiento
 === Saldo comparado con un decimal
 expect: rows 1
 SELECT * FROM adqSaldoFinanciamientos WHERE Monto > 899999999999.9999 AND Monto < 900000000000.0001
+
+=== Agregado en la asignacion de un UPDATE
+expect: error 3095
+UPDATE PagoFacturasGral SET IdCapMod=Count(*) WHERE IdPagoFactura=3
+
+=== Agregado en el WHERE
+expect: error 3095
+SELECT Nombre FROM Bibliotecas WHERE Max(No) > 1
