@@ -37,6 +37,9 @@ Base& LaBase() {
     return b;
 }
 
+QByteArray ultimoSql;
+QString ultimoMensaje;
+
 void Prueba(const QString& texto, bool criterio) {
     Base& b = LaBase();
     Base::pasos = 0;
@@ -69,7 +72,12 @@ void Prueba(const QString& texto, bool criterio) {
         }
     }
     sqlite3_finalize(st);
-    if (rc != SQLITE_OK && rc != SQLITE_DONE && rc != SQLITE_INTERRUPT) jet::LanzaSqlite(b.db->sqlite(), rc);
+    if (rc != SQLITE_OK && rc != SQLITE_DONE && rc != SQLITE_INTERRUPT) {
+        // What SQLite was given and what it said, for the report of a fault.
+        ultimoSql = sql;
+        ultimoMensaje = QString::fromUtf8(sqlite3_errmsg(b.db->sqlite()));
+        jet::LanzaSqlite(b.db->sqlite(), rc);
+    }
 }
 
 }  // namespace
@@ -91,7 +99,8 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* datos, size_t tamano) {
         for (const char* i : ingles)
             if (e.Description().contains(QLatin1String(i))) sinTraducir = true;
         if (sinTraducir) {
-            std::fprintf(stderr, "Mensaje sin traducir: %d %s\n", e.Number(), e.Description().toUtf8().constData());
+            std::fprintf(stderr, "Mensaje sin traducir: %d %s\nSQLite: %s\n%s\n", e.Number(), e.Description().toUtf8().constData(),
+                         ultimoMensaje.toUtf8().constData(), ultimoSql.left(2000).constData());
             std::abort();
         }
     }

@@ -529,7 +529,8 @@ QString EmisorSqlite::binario(const Expr& e) {
         if (op == u"-" && a.tipoDato == TipoCampo::Date && b.tipoDato == TipoCampo::Date)
             return QStringLiteral("jet_fecha_dif(%1, %2)").arg(expr(a), expr(b));
         if (a.tipoDato == TipoCampo::Date)
-            return QStringLiteral("jet_fecha_mas(%1, %2%3)").arg(expr(a), op == u"-" ? QStringLiteral("-") : QString(), comoNumero(b));
+            return op == u"-" ? QStringLiteral("jet_fecha_mas(%1, -(%2))").arg(expr(a), comoNumero(b))
+                              : QStringLiteral("jet_fecha_mas(%1, %2)").arg(expr(a), comoNumero(b));
         return QStringLiteral("jet_fecha_mas(%1, %2)").arg(expr(b), comoNumero(a));
     }
     if (e.tipoDato == TipoCampo::Currency && (op == u"+" || op == u"-" || op == u"*")) {
@@ -614,8 +615,11 @@ QString EmisorSqlite::expr(const Expr& e) {
         return QStringLiteral("*");
     case TipoExpr::Unario:
         if (e.op == u"NOT") return Une({u"(NOT ", expr(*e.args[0]), u")"});
-        if (e.tipoDato == TipoCampo::Currency) return Une({u"(", e.op, expr(*e.args[0]), u")"});
-        return Une({u"(", e.op, comoNumero(*e.args[0]), u")"});
+    {
+        // A blank keeps a sign before a negative operand (True is -1) from reading as the start of a comment.
+        const QString operando = e.tipoDato == TipoCampo::Currency ? expr(*e.args[0]) : comoNumero(*e.args[0]);
+        return Une({u"(", e.op, operando.startsWith(u'-') ? u" " : u"", operando, u")"});
+    }
     case TipoExpr::Binario:
         return binario(e);
     case TipoExpr::Between: {

@@ -1985,3 +1985,11 @@ UPDATE PagoFacturasGral SET IdCapMod=Count(*) WHERE IdPagoFactura=3
 === Agregado en el WHERE
 expect: error 3095
 SELECT Nombre FROM Bibliotecas WHERE Max(No) > 1
+
+=== Signo delante de un negativo
+expect: rows 1
+SELECT -TRUE AS a, -(-TRUE) AS b, -CCur(-1) AS c FROM Bibliotecas WHERE No=1
+
+=== Fecha menos un negativo
+expect: rows 1
+SELECT #2026/01/10# - TRUE AS d FROM Bibliotecas WHERE No=1
