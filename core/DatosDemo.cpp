@@ -128,6 +128,17 @@ void CargaDemo(dao::Database& db) {
         "INSERT INTO [Donaciones Libros] (Titulo, Autor, Ejemplares, NoEditorial, Edicion, NoDonacion, IdCapturista, "
         "Costo, FechaCaptura) VALUES ('Pedro Páramo', 'Rulfo, Juan', 1, 2, 1, 1, 'admin', 180, #2026/07/12 13:00:00#)",
         "INSERT INTO [Adquisiciones Numadqui] VALUES ('000314', 1, 'D', 'admin', #2026/07/12 13:10:00#, NULL)",
+        // An exchange with another institution: two titles, three copies.
+        "INSERT INTO [Donaciones General] VALUES (2, #2026/10/20#, 2, 3, 'I')",
+        "INSERT INTO [Donaciones Libros] (Titulo, Autor, Ejemplares, NoEditorial, Edicion, NoDonacion, IdCapturista, "
+        "Costo, FechaCaptura) VALUES ('Don Quijote de la Mancha', 'Cervantes Saavedra, Miguel de', 2, 2, 4, 2, 'admin', 450, "
+        "#2026/10/20 10:30:00#)",
+        "INSERT INTO [Donaciones Libros] (Titulo, Autor, Ejemplares, NoEditorial, Edicion, NoDonacion, IdCapturista, "
+        "Costo, FechaCaptura) VALUES ('Cien años de soledad', 'García Márquez, Gabriel', 1, 3, 2, 2, 'admin', 320.5, "
+        "#2026/10/20 10:40:00#)",
+        "INSERT INTO [Adquisiciones Numadqui] VALUES ('000315', 2, 'D', 'admin', #2026/10/20 10:35:00#, NULL)",
+        "INSERT INTO [Adquisiciones Numadqui] VALUES ('000316', 2, 'D', 'admin', #2026/10/20 10:35:00#, NULL)",
+        "INSERT INTO [Adquisiciones Numadqui] VALUES ('000317', 3, 'D', 'admin', #2026/10/20 10:45:00#, NULL)",
     };
     for (const auto& s : sentencias) db.Execute(s, dao::dbFailOnError);
     AgregaAnalista(db, QStringLiteral("admin"), QStringLiteral("admin"), QStringLiteral("011"), QStringLiteral("1"));
