@@ -105,9 +105,9 @@ TEST_F(PruebaBusqueda, TituloYAutorEnCualquierParteConComodines) {
     EXPECT_EQ(Encabezados(), QStringList({"", "Título", "Autor", "Núm. Solicitud", "Fecha Recepción", "Estado"}));
     EXPECT_EQ(pantalla->ListView1->ColumnHeaders()(1).Width(), 0);
     const controles::ListItem& fila = pantalla->ListView1->ListItems()(1);
-    EXPECT_EQ(fila.Text(), QStringLiteral("1"));
+    EXPECT_EQ(fila.Text(), QStringLiteral("001"));
     EXPECT_EQ(fila.SubItems(1), QStringLiteral("Cien años de soledad"));
-    EXPECT_EQ(fila.SubItems(3), QStringLiteral("7"));
+    EXPECT_EQ(fila.SubItems(3), QStringLiteral("007"));
 
     EXPECT_EQ(Busca(QStringLiteral("c?ronel"), QStringLiteral("Título")), 1);
     EXPECT_EQ(Busca(QStringLiteral("garc*MÁRQUEZ"), QStringLiteral("Autor")), 2);
@@ -144,7 +144,7 @@ TEST_F(PruebaBusqueda, DetallesDeSolicitudDonacionYTituloSinNumeros) {
                                          "Escuela: 3    Biblioteca: 1\nNúm. adquisición: (A-100) (A-101) "));
     EXPECT_EQ(globales::NavTabla, QStringLiteral("[Solicitudes"));
     EXPECT_EQ(globales::NavCampo, QStringLiteral("ClaveLibro"));
-    EXPECT_EQ(globales::NavValor.text(), QStringLiteral("1"));
+    EXPECT_EQ(globales::NavValor.text(), QStringLiteral("001"));
 
     ASSERT_EQ(Busca(QStringLiteral("Ficciones"), QStringLiteral("Título"), true), 1);
     EXPECT_EQ(Detalles(), QStringLiteral("Núm. donación: 10    Fecha: 05/mar/2024\n"
