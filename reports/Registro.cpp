@@ -1,12 +1,14 @@
 #include "reports/Registro.h"
 
 #include "core/FormPrincipal.h"
+#include "reports/Busqueda.h"
 #include "reports/Listado.h"
 
 namespace reportes {
 
 void RegistraComandos() {
     FormPrincipal::RegistraModal<Listado>(QStringLiteral("Listados"));
+    FormPrincipal::RegistraModal<Busqueda>(QStringLiteral("Consultas"));
 }
 
 }  // namespace reportes
