@@ -67,6 +67,7 @@ Don_Libros::Don_Libros(QWidget* padre) : QDialog(padre) {
     controles::SoloDigitos::Instala(Text4);
     for (QLineEdit* t : {Text3, Text7, txtCosto}) t->installEventFilter(this);
     Text8->setMaxLength(15);
+    Command2->setFixedWidth(32);
     // Numbers are added once there are copies to number; the buttons wait for a number or a row.
     List1->setEnabled(false);
     Command4->setEnabled(false);
