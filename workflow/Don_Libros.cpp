@@ -18,6 +18,7 @@
 #include "workflow/NumerosAdquisicion.h"
 
 #include <QEvent>
+#include <QFocusEvent>
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
@@ -133,7 +134,10 @@ Don_Libros::~Don_Libros() = default;
 bool Don_Libros::eventFilter(QObject* objeto, QEvent* evento) {
     if (objeto != Text3 && objeto != Text7 && objeto != txtCosto) return QDialog::eventFilter(objeto, evento);
     if (evento->type() == QEvent::FocusOut && objeto == Text3) {
-        ui::Protegido(origen, [this] { Text3_LostFocus(); });
+        // Only a move to another control of the screen leaves the field; another window or a popup doesn't.
+        const Qt::FocusReason razon = static_cast<QFocusEvent*>(evento)->reason();
+        if (razon != Qt::ActiveWindowFocusReason && razon != Qt::PopupFocusReason)
+            ui::Protegido(origen, [this] { Text3_LostFocus(); });
     } else if (evento->type() == QEvent::KeyPress) {
         const auto& tecla = *static_cast<QKeyEvent*>(evento);
         const int codigo = tecla.key() == Qt::Key_Delete ? 0 : controles::CodigoTecla(tecla);

@@ -193,7 +193,7 @@ TEST_F(PruebaDonTitulos, GuardarNuevoTropiezaYEditadoGrabaCostoFechaYAnalista) {
                                                 QStringLiteral("No se pudieron guardar los cambios")));
 }
 
-TEST_F(PruebaDonTitulos, RegresarBorraLaDonacionSinTitulos) {
+TEST_F(PruebaDonTitulos, RegresarBorraLaDonacionSinTitulosYAvisaDeNumerosFaltantes) {
     Don_Generales g;
     g.Form_Load();
     int refrescos = 0;
@@ -211,6 +211,19 @@ TEST_F(PruebaDonTitulos, RegresarBorraLaDonacionSinTitulos) {
     globales::NavValor = vb::Variant(QStringLiteral("8"));
     g.Command4_Click();                                           // with a title it just closes
     EXPECT_EQ(sistema->cajas.size(), 2u);
+
+    // Leaving a title with fewer numbers than copies asks first; No stays and refreshes nothing.
+    auto f = Libros(1);
+    f->Generales = &g;
+    Llena(*f, "Ética", "3");
+    Agrega(*f, "5");
+    sistema->Responde({ui::vbNo, ui::vbYes});
+    f->Command3_Click();
+    EXPECT_EQ(Caja(sistema->UltimaCaja()), Caja(QStringLiteral("Precaución"), ui::vbYesNo, QStringLiteral(
+        "Ha ingresado menos números de adquisición que los libros recibidos. ¿Desea salir de todas maneras?")));
+    EXPECT_EQ(Textos(*g.ListView1).size(), 0);
+    f->Command3_Click();
+    EXPECT_EQ(Textos(*g.ListView1).size(), 2);                    // the donation below shows the new title too
 }
 
 }  // namespace
