@@ -10,6 +10,7 @@
 #include "core/vb/Error.h"
 #include "core/vb/Fecha.h"
 #include "core/vb/Formato.h"
+#include "workflow/NumerosAdquisicion.h"
 #include "workflow/Recep_Generales.h"
 
 #include <QApplication>
@@ -196,15 +197,7 @@ void Recep_Libros::Form_Load() {
     c.Clave = QStringLiteral("ClaveLibro");
     c.Valor = clave;
     c.Orden.clear();
-    QString numeros = Datos::ConsultaCampos(c, QStringLiteral(" AND [Solicitud o donacion]='S' "));
-    if (!vb::Trim(numeros).isEmpty()) {
-        // The last piece has no "|" behind it and is handed back whole, leaving the text as it was.
-        for (;;) {
-            const QString numero = Datos::TomaCampo(numeros);
-            AgregaALista(numero);
-            if (numeros == numero) break;
-        }
-    }
+    numadq::LlenaLista(*List1, Datos::ConsultaCampos(c, QStringLiteral(" AND [Solicitud o donacion]='S' ")));
 }
 
 void Recep_Libros::AgregaALista(const QString& numero) {
@@ -255,32 +248,12 @@ void Recep_Libros::MostrarMetadataEjemplar(int indice) {
 
 // ---- Fields ---------------------------------------------------------------------------------------------------
 
-void Recep_Libros::DeshabilitaCaptura() {
-    Text6->setEnabled(false);
-    List1->setEnabled(false);
-    Command4->setEnabled(false);
-    Command5->setEnabled(false);
-    const QSignalBlocker bloqueo(List1);
-    List1->clear();
-}
-
 void Recep_Libros::Text3_Change() {
-    const double valor = vb::Val(Text3->text());
-    if (valor < List1->count()) {
-        Text3->setText(ValorAnterior);
-        ui::Sistema().MsgBox(QStringLiteral("No puede haber más Números de Adquisición que Ejemplares Recibidos") + CrLf +
-                                 QStringLiteral("Si quiere reducir este valor primero quite algunos Números de Adquisición "
-                                                "de la lista"),
-                             ui::vbExclamation, QStringLiteral("Advertencia"));
-    } else if (vb::Trim(Text3->text()).isEmpty()) {
-        Text3->setText(QStringLiteral("0"));
-        DeshabilitaCaptura();
-    } else if (valor <= 0) {
-        DeshabilitaCaptura();
-    } else {
-        Text6->setEnabled(true);
-        List1->setEnabled(true);
-    }
+    numadq::ReglaEjemplares(*Text3, ValorAnterior,
+                            QStringLiteral("No puede haber más Números de Adquisición que Ejemplares Recibidos") + CrLf +
+                                QStringLiteral("Si quiere reducir este valor primero quite algunos Números de Adquisición "
+                                               "de la lista"),
+                            *Text6, *List1, *Command4, *Command5);
 }
 
 bool Recep_Libros::Text3_KeyPress(int KeyAscii) {
@@ -376,14 +349,7 @@ void Recep_Libros::Command4_Click() {
     AgregaALista(Text6->text());
     globales::HuboCambiosNumAdq = true;
 
-    // Ready for the next copy: a number steps on keeping its width ("000314" to "000315"), anything else is
-    // selected to be typed over.
-    const QString texto = Text6->text();
-    if (vb::IsNumeric(vb::Variant(texto)))
-        Text6->setText(vb::Format(vb::Variant(vb::Val(texto) + 1), QString(vb::Len(texto), u'0')));
-    else
-        Text6->selectAll();
-    Text6->setFocus();
+    numadq::PreparaSiguiente(*Text6);
 }
 
 void Recep_Libros::Command5_Click() {

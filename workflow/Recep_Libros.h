@@ -64,7 +64,6 @@ protected:
 
 private:
     void HabilitaAgregar();
-    void DeshabilitaCaptura();
     void AgregaALista(const QString& numero);
     // The title's columns as the screen holds them, in state 'A'.
     QString ValoresPantalla() const;
