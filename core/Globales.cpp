@@ -35,7 +35,7 @@ int NavModo = 0;
 QString TitTabla, TitCampo;
 vb::Variant TitValor;
 int TitModo = 0;
-int ModoCaptura = 0;
+QString ModoCaptura;
 bool HuboCambiosNumAdq = false;
 bool DesdeListadoEjemplares = false;
 long IdPagoActual = 0;

@@ -51,7 +51,7 @@ extern QString TitTabla, TitCampo;
 extern vb::Variant TitValor;
 extern int TitModo;
 // Reception and copies.
-extern int ModoCaptura;
+extern QString ModoCaptura;   // "NUEVO" or "MODIFICAR"
 extern bool HuboCambiosNumAdq;
 extern bool DesdeListadoEjemplares;
 // The payment in hand.
