@@ -7,6 +7,7 @@
 #include "core/ui/Plataforma.h"
 #include "core/vb/Error.h"
 #include "workflow/Don_Edi.h"
+#include "workflow/Don_Generales.h"
 
 #include <QGroupBox>
 #include <QHBoxLayout>
@@ -132,14 +133,26 @@ void Don1::Command3_Click() {
     Refrescar();
 }
 
-void Don1::cmdReporte_Click() { AbreReporte(); }
+// The donation report is not part of this build yet: its button stays disabled.
+void Don1::cmdReporte_Click() {}
 
 void Don1::Command5_Click() { close(); }
 
-void Don1::AbreGenerales() {
-    // opened here once the screen exists
+void Don1::AbreGenerales() { MuestraGenerales(this, this); }
+
+void Don1::MuestraGenerales(Don1* lista, QWidget* padre) {
+    Don_Generales generales(padre);
+    if (lista) {
+        generales.RefrescaDonaciones = [lista] { lista->Refrescar(); };
+        generales.EditaDonacion = [lista] { lista->EditaCabecera(); };
+    }
+    generales.Form_Load();
+    ui::Sistema().MuestraModal(generales);
 }
 
-void Don1::AbreReporte() {
-    // opened here once the screen exists
+void Don1::EditaCabecera() {
+    Don_Edi pantalla(this);
+    pantalla.Lista = this;
+    pantalla.Form_Load();
+    ui::Sistema().MuestraModal(pantalla);
 }

@@ -27,6 +27,9 @@ public:
 
     void Form_Load();
     void Refrescar();
+    // The page and titles of the donation in hand (NavValor, NavModo 2), over `padre`; with the list of
+    // donations, deleting the donation there refreshes it and "Editar donación" opens its head here.
+    static void MuestraGenerales(Don1* lista, QWidget* padre);
     void ReacomodaTodo();
     void ListView1_DblClick();
     void ListView1_ColumnClick(int indiceEncabezado);
@@ -40,5 +43,6 @@ private:
     // Fills the list; `habilita` turns the row buttons on when there are rows.
     void Llena(bool habilita);
     void AbreGenerales();
-    void AbreReporte();
+    // The head of the donation in hand, for a change.
+    void EditaCabecera();
 };

@@ -227,5 +227,6 @@ void Don_Edi::Command1_Click() {
 }
 
 void Don_Edi::AbreGenerales() {
-    // opened here once the screen exists
+    // This screen is already closed: the titles open over the list of donations.
+    Don1::MuestraGenerales(Lista, Lista ? static_cast<QWidget*>(Lista) : parentWidget());
 }
