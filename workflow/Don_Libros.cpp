@@ -328,14 +328,8 @@ void Don_Libros::Command5_Click() {
     const int indice = List1->currentRow();
     if (List1->count() == 0 || indice < 0) return;
     // Whichever screen entered the number, it goes.
-    globales::ConsultaDatos& c = globales::Consulta;
-    c.Tabla = QStringLiteral("[Adquisiciones Numadqui]");
-    c.Clave = QStringLiteral("NoAdquisicion");
-    c.Valor = u'\'' + List1->item(indice)->text() + u'\'';
-    if (!Datos::BorrarX(c)) {
-        ui::Sistema().MsgBox(QStringLiteral("Error al tratar de borrar el reguistro"), ui::vbOKOnly, QStringLiteral("Error"));
+    if (!numadq::BorraNumero(List1->item(indice)->text(), QString(), QStringLiteral("Error al tratar de borrar el reguistro")))
         return;
-    }
     delete List1->takeItem(indice);
     globales::HuboCambiosNumAdq = true;
 }

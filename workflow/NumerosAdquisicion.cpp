@@ -1,6 +1,7 @@
 #include "workflow/NumerosAdquisicion.h"
 
 #include "core/Datos.h"
+#include "core/Globales.h"
 #include "core/ui/Plataforma.h"
 #include "core/vb/Cadenas.h"
 #include "core/vb/Conversion.h"
@@ -61,6 +62,16 @@ void PreparaSiguiente(QLineEdit& numero) {
     else
         numero.selectAll();
     numero.setFocus();
+}
+
+bool BorraNumero(const QString& numero, const QString& condicion, const QString& textoError) {
+    globales::ConsultaDatos& c = globales::Consulta;
+    c.Tabla = QStringLiteral("[Adquisiciones Numadqui]");
+    c.Clave = QStringLiteral("NoAdquisicion");
+    c.Valor = u'\'' + numero + u'\'';
+    if (Datos::BorrarX(c, condicion)) return true;
+    ui::Sistema().MsgBox(textoError, ui::vbOKOnly, QStringLiteral("Error"));
+    return false;
 }
 
 }  // namespace numadq

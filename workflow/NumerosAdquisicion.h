@@ -18,6 +18,10 @@ void LlenaLista(QListWidget& lista, QString numeros);
 void ReglaEjemplares(QLineEdit& ejemplares, const QString& valorAnterior, const QString& aviso, QLineEdit& numero,
                      QListWidget& lista, QPushButton& agregar, QPushButton& borrar);
 
+// Deletes one accession number (its row; `condicion` narrows it, e.g. to one side). A refusal shows the
+// screen's own `textoError` in an "Error" box and answers false.
+bool BorraNumero(const QString& numero, const QString& condicion, const QString& textoError);
+
 // Ready for the next copy: a number steps on keeping its width ("000314" to "000315"), anything else is
 // selected to be typed over. The field takes the focus.
 void PreparaSiguiente(QLineEdit& numero);

@@ -355,14 +355,9 @@ void Recep_Libros::Command4_Click() {
 void Recep_Libros::Command5_Click() {
     const int indice = List1->currentRow();
     if (List1->count() == 0 || indice < 0) return;
-    globales::ConsultaDatos& c = globales::Consulta;
-    c.Tabla = QStringLiteral("[Adquisiciones Numadqui]");
-    c.Clave = QStringLiteral("NoAdquisicion");
-    c.Valor = u'\'' + List1->item(indice)->text() + u'\'';
-    if (!Datos::BorrarX(c, QStringLiteral(" AND [Solicitud o donacion]='S'"))) {
-        ui::Sistema().MsgBox(QStringLiteral("Error al tratar de borrar el registro"), ui::vbOKOnly, QStringLiteral("Error"));
+    if (!numadq::BorraNumero(List1->item(indice)->text(), QStringLiteral(" AND [Solicitud o donacion]='S'"),
+                             QStringLiteral("Error al tratar de borrar el registro")))
         return;
-    }
     // The copies received and the title's state stay as they are until "Regresar".
     const QSignalBlocker bloqueo(List1);
     delete List1->takeItem(indice);
