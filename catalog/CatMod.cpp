@@ -1,5 +1,7 @@
 #include "catalog/CatMod.h"
 
+#include "core/controles/ComboBox.h"
+
 #include "catalog/CatalogoClase.h"
 #include "core/Globales.h"
 #include "core/dao/Dao.h"
@@ -61,6 +63,11 @@ void CatalogoParaCombo(QComboBox& Combo, const QString& Catalogo, const QString&
         const int i = Combo.findText(textoAnterior, Qt::MatchExactly | Qt::MatchCaseSensitive);
         if (i >= 0) Combo.setCurrentIndex(i);
     }
+}
+
+void CatalogoParaComboEligiendo(controles::ComboBox& Combo, const QString& Catalogo, const QString& SQLcombo) {
+    CatalogoParaCombo(Combo, Catalogo, QStringLiteral("Resultado"), SQLcombo, QString());
+    if (Combo.ListCount() > 0 && Combo.ListIndex() < 0) Combo.setListIndex(0);
 }
 
 }  // namespace CatMod

@@ -5,6 +5,8 @@
 
 class QComboBox;
 
+namespace controles { class ComboBox; }
+
 namespace CatMod {
 
 // Catalogo: "bibliotecas", "proveedores", "editoriales", "instituciones" or "escuelas" (any other word
@@ -13,5 +15,8 @@ namespace CatMod {
 // selection. NoCuentaSeleccionada holds the number of the row last clicked in the catalog.
 void CatalogoParaCombo(QComboBox& Combo, const QString& Catalogo, const QString& CampoTexto, const QString& SQLcombo,
                        const QString& Inicial);
+// The catalog button of a capture screen: the same, and when the combo then has rows but nothing chosen, its
+// first row is chosen.
+void CatalogoParaComboEligiendo(controles::ComboBox& Combo, const QString& Catalogo, const QString& SQLcombo);
 
 }  // namespace CatMod

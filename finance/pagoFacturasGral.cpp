@@ -194,9 +194,8 @@ void pagoFacturasGral::cboProveedores_Click() {
 
 void pagoFacturasGral::cmdBrowseProveedores_Click() {
     globales::NoCuentaSeleccionada.clear();
-    CatMod::CatalogoParaCombo(*cboProveedores, QStringLiteral("proveedores"), QStringLiteral("Resultado"),
-                              QStringLiteral("SELECT [No] & ' ' & Empresa AS Resultado FROM Proveedores"), QString());
-    if (cboProveedores->ListCount() > 0 && cboProveedores->ListIndex() < 0) cboProveedores->setListIndex(0);
+    CatMod::CatalogoParaComboEligiendo(*cboProveedores, QStringLiteral("proveedores"),
+                                      QStringLiteral("SELECT [No] & ' ' & Empresa AS Resultado FROM Proveedores"));
     if (!globales::NoCuentaSeleccionada.isEmpty()) txtIdProveedor->setText(globales::NoCuentaSeleccionada);
 }
 

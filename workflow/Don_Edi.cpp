@@ -152,15 +152,13 @@ void Don_Edi::Text4_Change() { SeleccionaPorNumero(*Text4, *Combo1); }
 void Don_Edi::Text5_Change() { SeleccionaPorNumero(*Text5, *Combo2); }
 
 void Don_Edi::Command2_Click() {
-    CatMod::CatalogoParaCombo(*Combo1, QStringLiteral("instituciones"), QStringLiteral("Resultado"),
-                              QStringLiteral("SELECT [No] & ' ' & Nombre as Resultado  FROM Instituciones"), QString());
-    if (Combo1->ListCount() > 0 && Combo1->ListIndex() < 0) Combo1->setListIndex(0);
+    CatMod::CatalogoParaComboEligiendo(*Combo1, QStringLiteral("instituciones"),
+                                      QStringLiteral("SELECT [No] & ' ' & Nombre as Resultado  FROM Instituciones"));
 }
 
 void Don_Edi::Command4_Click() {
-    CatMod::CatalogoParaCombo(*Combo2, QStringLiteral("bibliotecas"), QStringLiteral("Resultado"),
-                              QStringLiteral("SELECT [No] & ' ' & Nombre as Resultado  FROM Bibliotecas"), QString());
-    if (Combo2->ListCount() > 0 && Combo2->ListIndex() < 0) Combo2->setListIndex(0);
+    CatMod::CatalogoParaComboEligiendo(*Combo2, QStringLiteral("bibliotecas"),
+                                      QStringLiteral("SELECT [No] & ' ' & Nombre as Resultado  FROM Bibliotecas"));
 }
 
 void Don_Edi::Command3_Click() { close(); }

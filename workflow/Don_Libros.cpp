@@ -210,9 +210,8 @@ void Don_Libros::Combo1_Click() {
 }
 
 void Don_Libros::Command2_Click() {
-    CatMod::CatalogoParaCombo(*Combo1, QStringLiteral("editoriales"), QStringLiteral("Resultado"),
-                              QStringLiteral("SELECT [No] & ' ' & Nombre as Resultado  FROM Editoriales"), QString());
-    if (Combo1->ListCount() > 0 && Combo1->ListIndex() < 0) Combo1->setListIndex(0);
+    CatMod::CatalogoParaComboEligiendo(*Combo1, QStringLiteral("editoriales"),
+                                      QStringLiteral("SELECT [No] & ' ' & Nombre as Resultado  FROM Editoriales"));
 }
 
 void Don_Libros::Text3_LostFocus() {

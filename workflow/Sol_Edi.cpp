@@ -269,9 +269,8 @@ void Sol_Edi::Command2_Click() {
 }
 
 void Sol_Edi::Command4_Click() {
-    CatMod::CatalogoParaCombo(*Combo2, QStringLiteral("bibliotecas"), QStringLiteral("Resultado"),
-                              QStringLiteral("SELECT [No] & ' ' & Nombre as Resultado  FROM Bibliotecas"), QString());
-    if (Combo2->ListCount() > 0 && Combo2->ListIndex() < 0) Combo2->setListIndex(0);
+    CatMod::CatalogoParaComboEligiendo(*Combo2, QStringLiteral("bibliotecas"),
+                                      QStringLiteral("SELECT [No] & ' ' & Nombre as Resultado  FROM Bibliotecas"));
 }
 
 void Sol_Edi::Command3_Click() { close(); }
