@@ -444,34 +444,4 @@ TEST_F(PruebaPagos, ElMontoSeEscribeUnaVezAlDescargar) {
     EXPECT_EQ(Monto(1), "42.5");
 }
 
-TEST_F(PruebaPagos, NuevoYCambioDesdeLaListaSeQuedanEnLaSolicitud) {
-    Pago(5, "S", "NULL", 1);
-    pagoFacturasMain m;
-    m.Form_Load();
-    sistema->AlMostrar(QStringLiteral("pagoFacturasGral"), [](QDialog& pantalla) {
-        auto& g = static_cast<pagoFacturasGral&>(pantalla);
-        g.cboFinanciamiento->setListIndex(0);
-        g.txtIdProveedor->setText(QStringLiteral("2"));
-        g.cmdAceptar_Click();
-    });
-    m.cmdNuevoPago_Click();
-    EXPECT_EQ(Filas("SELECT IdPagoFactura, FuenteFinanciamiento, IdProveedor FROM PagoFacturasGral ORDER BY 1"),
-              (QStringList{"5|Federal|1", "6|Estatal|2"}));
-    EXPECT_EQ(m.ListView1->SelectedItem()->Text(), "006");
-    EXPECT_EQ(m.IdPago(), 6);
-    EXPECT_TRUE(UltimoDocumento().contains("Clave de pago: </td><td>006</td>"));
-    EXPECT_FALSE(globales::PagoModifica);
-
-    // A change of the first, cancelled: nothing refreshed, the list keeps its row.
-    Elige(m, 1);
-    sistema->AlMostrar(QStringLiteral("pagoFacturasGral"), [](QDialog& pantalla) {
-        EXPECT_TRUE(globales::PagoModifica);
-        EXPECT_EQ(globales::IdPagoActual, 5);
-        static_cast<pagoFacturasGral&>(pantalla).cmdCancelar_Click();
-    });
-    m.cmdModificarPago_Click();
-    EXPECT_FALSE(globales::PagoGrabado);
-    EXPECT_EQ(m.Indice(), 1);
-}
-
 }  // namespace
