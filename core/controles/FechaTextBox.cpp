@@ -49,6 +49,9 @@ void FechaTextBox::setTextBox(QLineEdit* caja) {
     }
     caja_ = caja;
     if (!caja_) return;
+    // A date box shows a whole date ("24/sep/2026") whatever the layout around it.
+    const int ancho = caja_->fontMetrics().horizontalAdvance(QStringLiteral("00/mmm/00000")) + 16;
+    if (caja_->minimumWidth() < ancho) caja_->setMinimumWidth(ancho);
     caja_->installEventFilter(this);
     cambio_ = connect(caja_, &QLineEdit::textChanged, this, [this] { ui::Protegido(QStringLiteral("FechaTextBox"), [this] { Change(); }); });
 }
