@@ -1,0 +1,45 @@
+// adq-lector-legado: reads a file of the older desktop database format with libmdb and writes its tables and
+// rows on standard output for the program (core/legado/Protocolo.h). The program runs it in a process of
+// its own, watched and timed, so that a damaged file that makes libmdb crash or loop ends only this process.
+//
+//   adq-lector-legado [--esquema] ARCHIVO
+#include "core/legado/Lector.h"
+#include "core/legado/Protocolo.h"
+
+#include <csignal>
+#include <cstdlib>
+#include <cstring>
+#include <sys/resource.h>
+#include <unistd.h>
+
+#if defined(__SANITIZE_ADDRESS__)
+#define ADQ_CON_ASAN 1
+#elif defined(__has_feature)
+#if __has_feature(address_sanitizer)
+#define ADQ_CON_ASAN 1
+#endif
+#endif
+
+int main(int argc, char** argv) {
+    bool soloEsquema = false;
+    int i = 1;
+    if (i < argc && std::strcmp(argv[i], "--esquema") == 0) {
+        soloEsquema = true;
+        ++i;
+    }
+    if (i + 1 != argc) return legado::protocolo::SalidaUso;
+    // No core file for a crash, and no more memory than a reading needs: a damaged length that makes libmdb
+    // ask for gigabytes ends here, not in the machine's swap.
+    rlimit sinVolcado {0, 0};
+    setrlimit(RLIMIT_CORE, &sinVolcado);
+#ifndef ADQ_CON_ASAN
+    rlimit memoria {2048ul << 20, 2048ul << 20};
+    setrlimit(RLIMIT_AS, &memoria);
+#endif
+    // The file's encodings are fixed here, whatever the environment says.
+    unsetenv("MDB_ICONV");
+    unsetenv("MDB_JET3_CHARSET");
+    unsetenv("MDB_DEBUG");
+    std::signal(SIGPIPE, SIG_IGN);
+    return legado::LeeConLibmdb(argv[i], STDOUT_FILENO, soloEsquema);
+}
