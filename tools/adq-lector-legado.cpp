@@ -9,7 +9,9 @@
 #include <csignal>
 #include <cstdlib>
 #include <cstring>
+#include <algorithm>
 #include <sys/resource.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #if defined(__SANITIZE_ADDRESS__)
@@ -28,13 +30,19 @@ int main(int argc, char** argv) {
         ++i;
     }
     if (i + 1 != argc) return legado::protocolo::SalidaUso;
-    // No core file for a crash, and no more memory than a reading needs: a damaged length that makes libmdb
-    // ask for gigabytes ends here, not in the machine's swap.
+    // No core file for a crash, and no more memory or processor time than a reading of a file this size
+    // needs: a damaged length that makes libmdb ask for gigabytes, or go round and round, ends here.
+    struct stat st {};
+    const unsigned long long tamano = ::stat(argv[i], &st) == 0 ? static_cast<unsigned long long>(st.st_size) : 0;
     rlimit sinVolcado {0, 0};
     setrlimit(RLIMIT_CORE, &sinVolcado);
+    const rlim_t segundos = 20 + tamano / (8ull << 20);
+    rlimit procesador {segundos, segundos + 1};
+    setrlimit(RLIMIT_CPU, &procesador);
 #ifndef ADQ_CON_ASAN
-    rlimit memoria {2048ul << 20, 2048ul << 20};
-    setrlimit(RLIMIT_AS, &memoria);
+    const rlim_t memoria = std::min<unsigned long long>((256ull << 20) + 3 * tamano, 3ull << 30);
+    rlimit limiteMemoria {memoria, memoria};
+    setrlimit(RLIMIT_AS, &limiteMemoria);
 #endif
     // The file's encodings are fixed here, whatever the environment says.
     unsetenv("MDB_ICONV");

@@ -9,6 +9,8 @@
 
 #include <cerrno>
 #include <chrono>
+#include <cstdio>
+#include <fcntl.h>
 #include <cstring>
 #include <string>
 #include <sys/stat.h>
@@ -20,6 +22,9 @@ namespace legado {
 namespace {
 
 namespace p = protocolo;
+
+// The definition of the catalog of objects lies on the third page in both generations.
+constexpr std::uint64_t PaginaCatalogo = 2;
 
 // Output in blocks, sent at least every quarter second so that the program sees the reader is alive.
 class Salida {
@@ -88,11 +93,22 @@ std::uint32_t Entero32(const unsigned char* b) {
            (static_cast<std::uint32_t>(b[2]) << 16) | (static_cast<std::uint32_t>(b[3]) << 24);
 }
 
+// Whether page `pagina` of the file is a table definition: read here, through a descriptor of this
+// reading's own, before libmdb trusts it.
+bool EsDefinicion(int fd, std::uint64_t pagina, int tamanoPagina, std::uint64_t paginas) {
+    if (pagina == 0 || pagina >= paginas) return false;
+    unsigned char tipo = 0xFF;
+    if (::pread(fd, &tipo, 1, static_cast<off_t>(pagina * static_cast<std::uint64_t>(tamanoPagina))) != 1) return false;
+    return tipo == MDB_PAGE_TABLE;
+}
+
 class Lectura {
 public:
-    Lectura(MdbHandle* mdb, Salida& out, std::uint64_t tamanoArchivo)
-        : mdb_(mdb), out_(out), paginas_(tamanoArchivo / static_cast<std::uint64_t>(mdb->fmt->pg_size)),
+    Lectura(MdbHandle* mdb, Salida& out, int fd, std::uint64_t tamanoArchivo)
+        : mdb_(mdb), out_(out), fd_(fd), paginas_(tamanoArchivo / static_cast<std::uint64_t>(mdb->fmt->pg_size)),
           tamanoArchivo_(tamanoArchivo) {}
+
+    bool esDefinicion(std::uint64_t pagina) const { return EsDefinicion(fd_, pagina, static_cast<int>(mdb_->fmt->pg_size), paginas_); }
 
     // False when the table can't be read: the error has been written and the reading ends.
     bool tabla(MdbCatalogEntry* entrada, bool soloEsquema);
@@ -100,6 +116,7 @@ public:
 private:
     MdbHandle* mdb_;
     Salida& out_;
+    int fd_;
     std::uint64_t paginas_;
     std::uint64_t tamanoArchivo_;
     std::string largo_;
@@ -166,10 +183,11 @@ bool Lectura::valorLargo(const unsigned char* cabecera, int tamano) {
 }
 
 bool Lectura::tabla(MdbCatalogEntry* entrada, bool soloEsquema) {
-    MdbTableDef* t = mdb_read_table(entrada);
+    // libmdb reads a table's definition from the page the catalog names, whatever that page holds.
+    MdbTableDef* t = esDefinicion(entrada->table_pg) ? mdb_read_table(entrada) : nullptr;
     if (!t) {
         out_.marca(p::Error);
-        out_.texto((std::string("No se pudo leer la definición de la tabla '") + entrada->object_name + "'.").c_str());
+        out_.texto((std::string("no se pudo leer la definición de la tabla '") + entrada->object_name + "'").c_str());
         return false;
     }
     mdb_read_columns(t);
@@ -278,16 +296,17 @@ int LeeConLibmdb(const char* ruta, int fd, bool soloEsquema) {
     if (::stat(ruta, &st) != 0) return p::SalidaNoAbre;
     MdbHandle* mdb = mdb_open(ruta, MDB_NOFLAGS);
     if (!mdb) return p::SalidaNoAbre;
+    const int propio = ::open(ruta, O_RDONLY | O_CLOEXEC);
     {
         Salida out(fd);
         out.crudo(p::Firma, sizeof p::Firma);
         out.u8(p::Version);
         out.u8(static_cast<std::uint8_t>(mdb->f->jet_version));
-        if (!mdb_read_catalog(mdb, MDB_TABLE)) {
+        Lectura lectura(mdb, out, propio, static_cast<std::uint64_t>(st.st_size));
+        if (propio < 0 || !lectura.esDefinicion(PaginaCatalogo) || !mdb_read_catalog(mdb, MDB_TABLE)) {
             out.marca(p::Error);
-            out.texto("No se pudo leer el catálogo de tablas del archivo.");
+            out.texto("no se pudo leer el catálogo de tablas");
         } else {
-            Lectura lectura(mdb, out, static_cast<std::uint64_t>(st.st_size));
             bool bien = true;
             for (unsigned i = 0; bien && i < mdb->num_catalog; ++i) {
                 auto* e = static_cast<MdbCatalogEntry*>(g_ptr_array_index(mdb->catalog, i));
@@ -298,6 +317,7 @@ int LeeConLibmdb(const char* ruta, int fd, bool soloEsquema) {
         }
     }
     mdb_close(mdb);
+    if (propio >= 0) ::close(propio);
     return p::SalidaBien;
 }
 

@@ -111,6 +111,8 @@ public:
     // The stream ended. Raises the reader's own error, or 3343 if it ended halfway.
     void Termina();
     bool Completo() const { return fin_; }
+    // What the reader said when it stopped at a damage it noticed; empty otherwise.
+    const QString& ErrorDelLector() const { return error_; }
     // The table being read, for a message when the reader dies.
     const QString& TablaEnCurso() const { return tabla_.nombre; }
 

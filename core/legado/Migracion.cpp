@@ -72,6 +72,10 @@ public:
     }
 
     void FinTabla(const legado::Tabla& t, qint64 filas) override {
+        // The file keeps each table's count of rows; a page that lost rows shows here.
+        if (filas != t.filasSegunArchivo)
+            r_.avisos << QStringLiteral("La tabla '%1' tiene %2 filas según el archivo y se leyeron %3; el archivo puede estar dañado.")
+                             .arg(t.nombre).arg(t.filasSegunArchivo).arg(filas);
         r_.tablas.push_back({t.nombre, filas});
         r_.filas += filas;
         enCurso_.filas = filas;

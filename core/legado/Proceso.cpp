@@ -231,7 +231,7 @@ bool Decodificador::paso() {
             receptor_.Aviso(t);
             return true;
         }
-        error_ = t.isEmpty() ? QStringLiteral("El archivo está dañado.") : t;
+        error_ = t.isEmpty() ? QStringLiteral("no se pudo leer") : t;
         fin_ = true;
         return false;
     }
@@ -357,6 +357,7 @@ void Lee(const QString& ruta, Receptor& receptor, const Opciones& opciones) {
     if (!termino)
         Falla(QStringLiteral("La lectura del archivo '%1' dejó de avanzar%2 y se detuvo: el archivo está dañado.").arg(nombre, donde()));
     const int salida = proceso.espera();
+    if (!d.ErrorDelLector().isEmpty()) Falla(QStringLiteral("El archivo '%1' está dañado: %2.").arg(nombre, d.ErrorDelLector()));
     if (salida == p::SalidaNoAbre)
         Falla(QStringLiteral("No se pudo abrir el archivo '%1': está dañado o no es una base de datos del formato anterior.").arg(nombre));
     if (salida != p::SalidaBien || !d.Completo())
