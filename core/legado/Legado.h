@@ -155,4 +155,17 @@ struct ResultadoMigracion {
 ResultadoMigracion Migra(const QString& origen, const QString& destino,
                          const std::function<void(const Progreso&)>& progreso = {});
 
+// The legacy file at `ruta` becomes a database of this program at the same path. The original keeps its
+// bytes and its dates under the first free name of "<nombre>-legado.<ext>", "<nombre>-legado-2.<ext>", ...
+// beside it (respaldo): a second link to the same file where the filesystem allows it, a copy where not.
+// The new database takes the path in one rename, so that the path always holds one whole file; on any
+// failure everything stays as it was.
+struct ResultadoEnSuLugar {
+    ResultadoMigracion migracion;
+    QString respaldo;
+};
+ResultadoEnSuLugar MigraEnSuLugar(const QString& ruta, const std::function<void(const Progreso&)>& progreso = {});
+// The name the original takes: the first of those names that no file has.
+QString NombreRespaldo(const QString& ruta);
+
 }  // namespace legado

@@ -9,7 +9,10 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <cerrno>
+#include <cstring>
 #include <sqlite3.h>
+#include <unistd.h>
 
 namespace legado {
 
@@ -172,6 +175,72 @@ ResultadoMigracion Migra(const QString& origen, const QString& destino, const st
     } catch (...) {
         archivos::BorraTemporal(temporal);
         throw;
+    }
+    return r;
+}
+
+QString NombreRespaldo(const QString& ruta) {
+    const QFileInfo i(ruta);
+    const QString extension = i.suffix().isEmpty() ? QString() : u'.' + i.suffix();
+    for (int n = 1;; ++n) {
+        const QString nombre = i.completeBaseName() + QStringLiteral("-legado") + (n > 1 ? QStringLiteral("-%1").arg(n) : QString()) + extension;
+        const QString candidata = i.absoluteDir().filePath(nombre);
+        if (!QFileInfo::exists(candidata) && !QFileInfo(candidata).isSymLink()) return candidata;
+    }
+}
+
+namespace {
+
+[[noreturn]] void FallaArchivo(const QString& texto) {
+    throw vb::Error(jet::ErrDiscoORed, texto, QStringLiteral("Motor de base de datos"));
+}
+
+// The original under its second name: a link to the same bytes, or where the filesystem has none, a copy
+// that takes the name only when whole.
+bool GuardaOriginal(const QString& ruta, const QString& respaldo) {
+    const QByteArray r = QFile::encodeName(ruta);
+    const QByteArray c = QFile::encodeName(respaldo);
+    if (::link(r.constData(), c.constData()) == 0) return true;
+    if (errno == EEXIST) return false;
+    const QString temporal = archivos::TemporalJunto(respaldo);
+    archivos::BorraTemporal(temporal);
+    QFile origen(ruta);
+    QFile copia(temporal);
+    bool bien = origen.open(QIODevice::ReadOnly) && copia.open(QIODevice::WriteOnly | QIODevice::NewOnly);
+    while (bien && !origen.atEnd()) {
+        const QByteArray trozo = origen.read(1 << 20);
+        bien = copia.write(trozo) == trozo.size();
+    }
+    bien = bien && copia.flush() && ::fsync(copia.handle()) == 0;
+    copia.close();
+    QString error;
+    if (!bien || !archivos::MueveSinReemplazar(temporal, respaldo, error)) {
+        QFile::remove(temporal);
+        return false;
+    }
+    return true;
+}
+
+}  // namespace
+
+ResultadoEnSuLugar MigraEnSuLugar(const QString& ruta, const std::function<void(const Progreso&)>& progreso) {
+    const QString nombre = QDir::toNativeSeparators(ruta);
+    const QFileInfo i(ruta);
+    const QString nueva = i.absoluteDir().filePath(QStringLiteral(".%1.migrada-%2").arg(i.fileName()).arg(::getpid()));
+    archivos::BorraTemporal(nueva);
+    ResultadoEnSuLugar r;
+    r.migracion = Migra(ruta, nueva, progreso);
+    r.respaldo = NombreRespaldo(ruta);
+    if (!GuardaOriginal(ruta, r.respaldo)) {
+        archivos::BorraTemporal(nueva);
+        FallaArchivo(QStringLiteral("No se pudo guardar el archivo original '%1' como '%2'; no se cambió nada.")
+                         .arg(nombre, QDir::toNativeSeparators(r.respaldo)));
+    }
+    if (::rename(QFile::encodeName(nueva).constData(), QFile::encodeName(ruta).constData()) != 0) {
+        const QString porque = QString::fromLocal8Bit(std::strerror(errno));
+        QFile::remove(r.respaldo);
+        archivos::BorraTemporal(nueva);
+        FallaArchivo(QStringLiteral("No se pudo poner la base de datos convertida en lugar de '%1' (%2); no se cambió nada.").arg(nombre, porque));
     }
     return r;
 }
