@@ -155,12 +155,15 @@ ResultadoMigracion Migra(const QString& origen, const QString& destino, const st
     ResultadoMigracion r;
     try {
         auto db = dao::Database::CreateDatabase(temporal);
+        // Nobody sees the file until it is renamed into place, and a build cut short is thrown away: no
+        // commit of the build waits for the disk, only the last step below.
+        sqlite3_exec(db->sqlite(), "PRAGMA synchronous=OFF", nullptr, nullptr, nullptr);
         {
             Migrador m(*db, r, progreso);
             Lee(origen, m);
             m.termina();
         }
-        if (sqlite3_exec(db->sqlite(), "PRAGMA wal_checkpoint(TRUNCATE)", nullptr, nullptr, nullptr) != SQLITE_OK)
+        if (sqlite3_exec(db->sqlite(), "PRAGMA synchronous=FULL; PRAGMA wal_checkpoint(TRUNCATE)", nullptr, nullptr, nullptr) != SQLITE_OK)
             db->lanzaSqlite(sqlite3_errcode(db->sqlite()));
         db.reset();
         // Closed, everything is back in the one file: a log left beside it would be lost by the rename.
