@@ -75,19 +75,6 @@ private:
     std::chrono::steady_clock::time_point ultimo_ = std::chrono::steady_clock::now();
 };
 
-// The bytes a fixed-size type takes in a row.
-int TamanoFijo(int tipo) {
-    switch (tipo) {
-    case p::Byte: return 1;
-    case p::Entero: return 2;
-    case p::EnteroLargo: case p::Simple: return 4;
-    case p::Moneda: case p::Doble: case p::FechaHora: return 8;
-    case p::Guid: return 16;
-    case p::Numerico: return 17;
-    default: return -1;
-    }
-}
-
 std::uint32_t Entero32(const unsigned char* b) {
     return static_cast<std::uint32_t>(b[0]) | (static_cast<std::uint32_t>(b[1]) << 8) |
            (static_cast<std::uint32_t>(b[2]) << 16) | (static_cast<std::uint32_t>(b[3]) << 24);
@@ -257,7 +244,7 @@ bool Lectura::tabla(MdbCatalogEntry* entrada, bool soloEsquema) {
                     continue;
                 }
                 const unsigned char* v = mdb_->pg_buf + f.start;
-                const int fijo = TamanoFijo(c->col_type);
+                const int fijo = p::TamanoAlmacenado(c->col_type);
                 if (fijo > 0) {
                     if (f.siz != fijo) {
                         aviso(nombreTabla, c->name, "tiene un valor de tamaño equivocado; se deja vacío.");

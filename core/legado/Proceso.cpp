@@ -53,19 +53,6 @@ constexpr quint32 LargoMaximoNombre = 4096;
     Falla(QStringLiteral("El lector de archivos del formato anterior entregó datos incoherentes."));
 }
 
-// The bytes a stored value of a fixed-size type must have.
-int TamanoAlmacenado(int tipo) {
-    switch (tipo) {
-    case p::SiNo: case p::Byte: return 1;
-    case p::Entero: return 2;
-    case p::EnteroLargo: case p::Simple: return 4;
-    case p::Moneda: case p::Doble: case p::FechaHora: return 8;
-    case p::Guid: return 16;
-    case p::Numerico: return 17;
-    default: return -1;
-    }
-}
-
 // A cursor over the bytes kept: each read says whether the bytes were there.
 struct Cursor {
     const QByteArray& b;
@@ -188,7 +175,7 @@ bool Decodificador::paso() {
             if (!r.u32(n)) return necesarios_ = r.pos + r.falta, false;
             if (n == p::Nulo) continue;
             if (n > limite_) Incoherente();
-            const int fijo = TamanoAlmacenado(col.tipoArchivo);
+            const int fijo = p::TamanoAlmacenado(col.tipoArchivo);
             if (fijo > 0 && static_cast<int>(n) != fijo) Incoherente();
             if (!r.hay(n)) return necesarios_ = r.pos + r.falta, false;
             r.pos += n;

@@ -36,6 +36,19 @@ enum TipoArchivo : std::uint8_t {
     FechaHora = 0x08, Binario = 0x09, Texto = 0x0A, Ole = 0x0B, Memo = 0x0C, Guid = 0x0F, Numerico = 0x10
 };
 
+// The bytes a stored value of a fixed-size type takes; -1 for the types of variable length.
+constexpr int TamanoAlmacenado(int tipo) {
+    switch (tipo) {
+    case SiNo: case Byte: return 1;
+    case Entero: return 2;
+    case EnteroLargo: case Simple: return 4;
+    case Moneda: case Doble: case FechaHora: return 8;
+    case Guid: return 16;
+    case Numerico: return 17;
+    default: return -1;
+    }
+}
+
 // Column flags.
 enum : std::uint8_t { ColumnaFija = 1, ColumnaContador = 2, ColumnaGuidAutomatico = 4 };
 // Index classes and flags.
