@@ -9,6 +9,7 @@
 #include "core/dao/Dao.h"
 #include "core/frmBrowseHelp.h"
 #include "core/frmFecha.h"
+#include "core/legado/Legado.h"
 #include "core/ui/Plataforma.h"
 #include "core/vb/Cadenas.h"
 
@@ -245,10 +246,55 @@ void FormPrincipal::construye() {
     resize(760, 520);
 }
 
-void FormPrincipal::AbrirBaseDatos() {
+bool FormPrincipal::AbrirBaseDatos() {
     QString ruta = ui::Sistema().RutaPrograma();
     if (!ruta.endsWith(u'/') && !ruta.endsWith(u'\\')) ruta += u'/';
-    globales::BaseDatos = dao::Database::OpenDatabase(ruta + QStringLiteral("KORVEL8.mdb"));
+    ruta += QStringLiteral("KORVEL8.mdb");
+    if (legado::EsArchivoLegado(ruta) && !ConvierteBaseLegada(ruta)) return false;
+    globales::BaseDatos = dao::Database::OpenDatabase(ruta);
+    return true;
+}
+
+bool FormPrincipal::ConvierteBaseLegada(const QString& ruta) {
+    ui::Plataforma& sistema = ui::Sistema();
+    const QString titulo = QStringLiteral("Base de datos de una versión anterior");
+    const QString respaldo = QFileInfo(legado::NombreRespaldo(ruta)).fileName();
+    const int respuesta = sistema.MsgBox(
+        QStringLiteral("La base de datos KORVEL8.mdb está en el formato de las versiones anteriores del sistema, "
+                       "que este programa no modifica.") +
+            QStringLiteral("\r\n\r\n") +
+            QStringLiteral("¿Desea convertirla ahora al formato de esta versión? El archivo original se conservará "
+                           "sin cambios, como respaldo, con el nombre %1.").arg(respaldo),
+        ui::vbYesNo + ui::vbQuestion, titulo);
+    if (respuesta != ui::vbYes) {
+        sistema.MsgBox(QStringLiteral("La base de datos no se convirtió y quedó como estaba. El programa no puede trabajar "
+                                      "con ella en su formato anterior y se cerrará."),
+                       ui::vbExclamation, titulo);
+        return false;
+    }
+    legado::ResultadoEnSuLugar r;
+    try {
+        const ui::CursorEspera espera(this);
+        r = legado::MigraEnSuLugar(ruta);
+    } catch (const vb::Error& e) {
+        sistema.MsgBox(QStringLiteral("No se pudo convertir la base de datos:") + QStringLiteral("\r\n") + e.Description() +
+                           QStringLiteral("\r\n\r\n") +
+                           QStringLiteral("El archivo original quedó sin cambios. El programa se cerrará."),
+                       ui::vbCritical, titulo);
+        return false;
+    }
+    QString texto = QStringLiteral("La base de datos se convirtió al formato de esta versión: %1 tablas, %2 filas. "
+                                   "El archivo original se conservó como %3.")
+                        .arg(r.migracion.tablas.size())
+                        .arg(r.migracion.filas)
+                        .arg(QFileInfo(r.respaldo).fileName());
+    if (!r.migracion.avisos.isEmpty()) {
+        texto += QStringLiteral("\r\n\r\n") + QStringLiteral("Avisos:");
+        for (const QString& aviso : r.migracion.avisos.mid(0, 5)) texto += QStringLiteral("\r\n") + aviso;
+        if (r.migracion.avisos.size() > 5) texto += QStringLiteral("\r\n(y %1 más)").arg(r.migracion.avisos.size() - 5);
+    }
+    sistema.MsgBox(texto, r.migracion.avisos.isEmpty() ? ui::vbInformation : ui::vbExclamation, titulo);
+    return true;
 }
 
 void FormPrincipal::LeerConfiguracion() {
@@ -281,7 +327,10 @@ void FormPrincipal::LeerConfiguracion() {
 bool FormPrincipal::ArranqueHastaLogin() {
     ui::Plataforma& sistema = ui::Sistema();
     lblActua->setText(QStringLiteral("KORVEL 8.0 act. 4.0 [20081215]"));
-    AbrirBaseDatos();
+    if (!AbrirBaseDatos()) {
+        Form_Unload();
+        return false;
+    }
     if (globales::Base().EnRed() && !globales::AvisoRedMostrado) {
         globales::AvisoRedMostrado = true;
         sistema.MsgBox(QStringLiteral("La base de datos está en una carpeta de red:") + QStringLiteral("\r\n") +

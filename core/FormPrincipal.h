@@ -30,7 +30,8 @@ public:
     // Form_Load as the program runs it: a failure that nothing traps, there or in the login dialog, shows
     // the default failure box and ends the program. True once the main window stands with an analyst.
     bool Arranca();
-    // Steps 1 to 11: up to the moment the login is asked. False when there is no analyst.
+    // Steps 1 to 11: up to the moment the login is asked. False when there is no analyst, or the database is
+    // a legacy one left unconverted.
     bool ArranqueHastaLogin();
     void Form_Unload();
 
@@ -103,7 +104,10 @@ private:
     QWidget* Picture1;
     QMenu* menus_[6] = {};
     void construye();
-    void AbrirBaseDatos();
+    // False when the program must end: a legacy database the analyst didn't convert, or couldn't.
+    bool AbrirBaseDatos();
+    // Offers to convert a legacy KORVEL8.mdb in its place, the original kept beside it; says how it went.
+    bool ConvierteBaseLegada(const QString& ruta);
     void LeerConfiguracion();
     void CambioFecha_Click();
     void Ayuda();

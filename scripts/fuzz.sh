@@ -1,17 +1,20 @@
 #!/bin/sh
 # Builds the fuzz targets with clang (libFuzzer, address and undefined-behaviour sanitizers) in build-fuzz/
-# and runs each for the given number of inputs (300,000 by default, about a minute) from the given random
-# seed (1 by default) over the seed corpus made from the statement corpus. The same number and seed make
-# the same run on every machine, so a run that passes here passes in CI; another seed explores further.
-# A crash leaves its input in build-fuzz/ and fails the run.
+# and runs each for a fixed number of inputs from the given random seed (1 by default): the statement
+# fuzzer the given number (300,000 by default, about a minute) over a seed corpus made from the statement
+# corpus; the legacy reader ADQ_EJECUCIONES_LEGADO inputs (20,000 by default, some 10 seconds: each legacy
+# file is read by a process of its own) over the first pages of the test files and a stream of the reader.
+# The same numbers and seed make the same run on every machine, so a run that passes here passes in CI;
+# another seed explores further. A crash leaves its input in build-fuzz/ and fails the run.
 set -e
 cd "$(dirname "$0")/.."
 EJECUCIONES="${1:-300000}"
 SEMILLA="${2:-1}"
+EJECUCIONES_LEGADO="${ADQ_EJECUCIONES_LEGADO:-20000}"
 cmake -S . -B build-fuzz -DCMAKE_BUILD_TYPE=RelWithDebInfo -DCMAKE_C_COMPILER=clang -DCMAKE_CXX_COMPILER=clang++ \
   -DADQ_FUZZ=ON -DADQ_BUILD_TESTS=OFF -DADQ_BUILD_BENCH=OFF > build-fuzz.log 2>&1 || { cat build-fuzz.log; exit 1; }
 rm -f build-fuzz.log
-cmake --build build-fuzz -j2 --target fuzz_sentencia
+cmake --build build-fuzz -j2 --target fuzz_sentencia fuzz_legado
 rm -rf build-fuzz/corpus
 mkdir -p build-fuzz/corpus
 echo "Fuzzing del lector de sentencias: ${EJECUCIONES} entradas, semilla ${SEMILLA}"
@@ -22,3 +25,20 @@ build-fuzz/fuzz/fuzz_sentencia -runs="$EJECUCIONES" -seed="$SEMILLA" -timeout=20
   exit 1
 }
 grep -E "^(Done|stat::number_of_executed_units)" build-fuzz/fuzz_sentencia.log || true
+
+# Seeds of the legacy reader: the first pages of a file of each generation (0, then the bytes) and the
+# reader's stream of a small file (1, then the stream).
+JET=../shared/testdata/jet
+rm -rf build-fuzz/corpus-legado build-fuzz/semillas-legado
+mkdir -p build-fuzz/corpus-legado build-fuzz/semillas-legado
+{ printf '\000'; head -c 24576 "$JET/nwind.mdb"; } > build-fuzz/semillas-legado/jet3
+{ printf '\000'; head -c 24576 "$JET/testV2003.mdb"; } > build-fuzz/semillas-legado/jet4
+{ printf '\001'; build-fuzz/adq-lector-legado "$JET/DateTestDatabase.mdb"; } > build-fuzz/semillas-legado/flujo
+echo "Fuzzing del lector de archivos anteriores: ${EJECUCIONES_LEGADO} entradas, semilla ${SEMILLA}"
+build-fuzz/fuzz/fuzz_legado -runs="$EJECUCIONES_LEGADO" -seed="$SEMILLA" -timeout=30 -rss_limit_mb=4096 -max_len=32768 \
+  -artifact_prefix=build-fuzz/legado- -print_final_stats=1 \
+  build-fuzz/corpus-legado build-fuzz/semillas-legado > build-fuzz/fuzz_legado.log 2>&1 || {
+  tail -60 build-fuzz/fuzz_legado.log
+  exit 1
+}
+grep -E "^(Done|stat::number_of_executed_units)" build-fuzz/fuzz_legado.log || true

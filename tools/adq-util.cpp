@@ -4,6 +4,7 @@
 #include "core/Esquema.h"
 #include "core/LineaComandos.h"
 #include "core/dao/Dao.h"
+#include "core/legado/Legado.h"
 #include "tools/Archivos.h"
 #include "tools/ConsolaSql.h"
 
@@ -26,7 +27,9 @@ int Uso(QTextStream& err) {
            "                                           con CLAVE \"-\" la clave se lee de la entrada\n"
            "  adq-util sql BASE [SENTENCIA]            ejecuta una sentencia, o una por línea de la entrada\n"
            "  adq-util respaldar BASE DESTINO          copia la base de datos mientras otros la usan\n"
-           "  adq-util verificar BASE                  revisa la integridad de la base de datos\n";
+           "  adq-util verificar BASE                  revisa la integridad de la base de datos\n"
+           "  adq-util migrar ORIGEN DESTINO           copia una base de datos del formato anterior (.mdb, .exp)\n"
+           "                                           en una base de datos nueva de este programa\n";
     err.flush();
     return 2;
 }
@@ -63,6 +66,28 @@ int Crea(const QString& ruta, bool conDemo, QTextStream& err) {
         err << error << '\n';
         return 1;
     }
+    return 0;
+}
+
+// A whole legacy file into a new database: one line per table with its rows; on a terminal, the progress of
+// a large table on a line of its own that each step writes over.
+int Migra(const QString& origen, const QString& destino, QTextStream& out, QTextStream& err) {
+    const bool terminal = ::isatty(STDERR_FILENO);
+    auto progreso = [&](const legado::Progreso& p) {
+        if (p.terminada) {
+            if (terminal && p.previstas >= 10000) err << "\r\033[K";
+            err.flush();
+            out << p.tabla << ": " << p.filas << (p.filas == 1 ? " fila\n" : " filas\n");
+            out.flush();
+        } else if (terminal && p.previstas >= 10000 && p.filas > 0) {
+            err << "\r" << p.tabla << ": " << p.filas << " de " << p.previstas << " filas...";
+            err.flush();
+        }
+    };
+    const legado::ResultadoMigracion r = legado::Migra(origen, destino, progreso);
+    for (const QString& aviso : r.avisos) err << "Aviso: " << aviso << '\n';
+    out << "Se migraron " << r.tablas.size() << (r.tablas.size() == 1 ? " tabla" : " tablas") << " con " << r.filas
+        << (r.filas == 1 ? " fila" : " filas") << " a '" << destino << "'.\n";
     return 0;
 }
 
@@ -126,6 +151,7 @@ int main(int argc, char** argv) {
         }
         if (orden == QLatin1String("respaldar") && args.size() == 3) return archivos::Respalda(ruta, args[2], out, err);
         if (orden == QLatin1String("verificar") && args.size() == 2) return archivos::Verifica(ruta, out, err);
+        if (orden == QLatin1String("migrar") && args.size() == 3) return Migra(ruta, args[2], out, err);
     } catch (const vb::Error& e) {
         out.flush();
         err << "Error " << e.Number() << ": " << e.Description() << '\n';

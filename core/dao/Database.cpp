@@ -340,8 +340,8 @@ namespace {
     if (f == Formato::Jet)
         throw vb::Error(ErrFormatoNoReconocido,
                         QStringLiteral("El archivo '%1' está en el formato de base de datos de las instalaciones "
-                                       "anteriores; este programa no lo abre ni lo modifica. Hace falta una base de "
-                                       "datos nueva, creada con adq-util.").arg(QDir::toNativeSeparators(ruta)),
+                                       "anteriores; este programa no lo abre ni lo modifica. Se puede convertir en una "
+                                       "base de datos nueva con adq-util migrar.").arg(QDir::toNativeSeparators(ruta)),
                         QStringLiteral("Motor de base de datos"));
     Lanza(ErrFormatoNoReconocido, QDir::toNativeSeparators(ruta));
 }
