@@ -19,11 +19,11 @@ std::unique_ptr<LectorHoja> LectorPara(const QString& ruta) {
 
 QString TextoDeNumero(double valor) { return vb::Variant(valor).toString(); }
 
-QString TextoDeSerial(double serial) {
+QString TextoDeSerial(double valor, double desplazamiento) {
     try {
-        return vb::Variant(vb::Fecha::fromSerial(serial)).toString();
+        return vb::Variant(vb::Fecha::fromSerial(valor + desplazamiento)).toString();
     } catch (const vb::Error&) {
-        return TextoDeNumero(serial);
+        return TextoDeNumero(valor);
     }
 }
 

@@ -29,9 +29,10 @@ std::unique_ptr<LectorHoja> LectorPara(const QString& ruta);
 
 // A cell's number as text: 15 significant digits, a point for decimals, no thousands separator.
 QString TextoDeNumero(double valor);
-// A date cell's serial (days since 30/12/1899, the fraction the time of day) as the program writes a date;
-// a serial outside the dates the program knows is written as the number it is.
-QString TextoDeSerial(double serial);
+// A date cell's value as the program writes a date: the serial (days since 30/12/1899, the fraction the time
+// of day) is the value plus `desplazamiento` (the days a workbook's own date system is ahead by). A serial
+// outside the dates the program knows is written as the number the cell holds.
+QString TextoDeSerial(double valor, double desplazamiento = 0);
 
 // Error 1004 for a workbook that can't be read: "No se pudo abrir el libro '<nombre>': <motivo>."
 [[noreturn]] void ErrorLibro(const QString& ruta, const QString& motivo);

@@ -39,6 +39,15 @@ LectorXls::~LectorXls() { Cierra(); }
 
 void LectorXls::Abre(const QString& ruta) {
     Cierra();
+    // The binary workbook lies in a compound file, which its first eight bytes tell.
+    QFile archivo(ruta);
+    if (!archivo.open(QIODevice::ReadOnly)) ErrorLibro(ruta, Motivo(FREEXL_FILE_NOT_FOUND));
+    const QByteArray cabecera = archivo.read(8);
+    archivo.close();
+    if (cabecera != QByteArray("\xd0\xcf\x11\xe0\xa1\xb1\x1a\xe1", 8)) {
+        ErrorLibro(ruta, cabecera.startsWith("PK") ? QStringLiteral("el archivo es un libro de Excel (.xlsx) con la extensión .xls")
+                                                   : Motivo(FREEXL_INVALID_CFBF_HEADER));
+    }
     const QByteArray nombre = QFile::encodeName(ruta);
     const void* libro = nullptr;
     const int r = freexl_open(nombre.constData(), &libro);
@@ -48,7 +57,7 @@ void LectorXls::Abre(const QString& ruta) {
     }
     libro_ = libro;
     unsigned int protegido = 0, hojas = 0;
-    if (freexl_get_info(libro_, FREEXL_BIFF_PASSWORD, &protegido) == FREEXL_OK && protegido) {
+    if (freexl_get_info(libro_, FREEXL_BIFF_PASSWORD, &protegido) == FREEXL_OK && protegido == FREEXL_BIFF_OBFUSCATED) {
         Cierra();
         ErrorLibro(ruta, QStringLiteral("el libro está protegido con contraseña"));
     }

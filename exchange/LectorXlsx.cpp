@@ -238,7 +238,7 @@ struct LectorXlsx::Libro {
         if (!ok) return v;
         const qlonglong estilo = Atributo(c, "s").toLongLong();
         if (estilo >= 0 && estilo < static_cast<qlonglong>(estiloDeFecha.size()) && estiloDeFecha[static_cast<size_t>(estilo)])
-            return TextoDeSerial(numero + (fecha1904 ? DiasSistema1904 : 0));
+            return TextoDeSerial(numero, fecha1904 ? DiasSistema1904 : 0);
         return TextoDeNumero(numero);
     }
 };
