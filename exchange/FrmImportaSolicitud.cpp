@@ -15,7 +15,9 @@
 
 #include <QCloseEvent>
 #include <QGroupBox>
+#include <QHash>
 #include <QHBoxLayout>
+#include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPlainTextEdit>
@@ -109,7 +111,7 @@ FrmImportaSolicitud::FrmImportaSolicitud(QWidget* padre) : QDialog(padre) {
     todo->addWidget(marcoDatos);
     todo->addLayout(centro, 1);
     todo->addLayout(botones);
-    resize(900, 600);
+    resize(1000, 620);
 
     ui::Conecta(BtnExmaniar, &QPushButton::clicked, this, origen, &FrmImportaSolicitud::BtnExmaniar_Click);
     ui::Conecta(BtnImportar, &QPushButton::clicked, this, origen, &FrmImportaSolicitud::BtnImportar_Click);
@@ -233,9 +235,16 @@ bool FrmImportaSolicitud::LeeLibros(const intercambio::DocumentoXml& documento) 
     LstLibros->ListItems().Clear();
     try {
         auto editoriales = globales::Base().OpenRecordset(QStringLiteral("Editoriales"), dao::dbOpenDynaset);
-        const auto numeroEditorial = [&editoriales](const QString& nombre) {
+        // A request names the same few publishers again and again: each name is searched once.
+        QHash<QString, int> halladas;
+        const auto numeroEditorial = [&editoriales, &halladas](const QString& nombre) {
+            const auto it = halladas.constFind(nombre);
+            if (it != halladas.constEnd()) return *it;
             editoriales->FindFirst(QStringLiteral("Nombre='") + nombre + u'\'');
-            return editoriales->NoMatch() ? 0 : static_cast<int>(vb::CLng(editoriales->Fields(QStringLiteral("No")).Value()));
+            const int numero =
+                editoriales->NoMatch() ? 0 : static_cast<int>(vb::CLng(editoriales->Fields(QStringLiteral("No")).Value()));
+            halladas.insert(nombre, numero);
+            return numero;
         };
         const std::vector<intercambio::FilaTitulo> filas = intercambio::LeeFichas(documento, TotalLibros, numeroEditorial);
         editoriales->Close();
@@ -245,6 +254,7 @@ bool FrmImportaSolicitud::LeeLibros(const intercambio::DocumentoXml& documento) 
                 if (!fila.SubItems[static_cast<size_t>(i)].isEmpty()) item->setSubItems(i, fila.SubItems[static_cast<size_t>(i)]);
         }
         Frame1->setTitle(QStringLiteral("Resultados: Ejemplares=") + TotalEjemplares + QStringLiteral(" Libros=") + TotalLibros);
+        ReparteAnchoLibre();
         return true;
     } catch (const vb::Error&) {
         ui::Sistema().MsgBox(QStringLiteral("El formato del archivo no es el correcto") + CrLf +
@@ -260,6 +270,32 @@ bool FrmImportaSolicitud::LeeLibros(const intercambio::DocumentoXml& documento) 
 
 void FrmImportaSolicitud::MuestraCuentaDeLibros() {
     Frame1->setTitle(QStringLiteral("Resultados: Libros=") + QString::number(LstLibros->ListItems().Count()));
+}
+
+void FrmImportaSolicitud::ReparteAnchoLibre() {
+    QHeaderView* encabezado = LstLibros->header();
+    const int libre = LstLibros->viewport()->width() - encabezado->length();
+    if (libre <= 0) return;
+    // What each column's widest text needs, over the first rows (a request's titles are alike).
+    const QFontMetrics letra = LstLibros->fontMetrics();
+    const int margen = 2 * letra.averageCharWidth();
+    const int filas = std::min(LstLibros->topLevelItemCount(), 500);
+    std::vector<int> falta(static_cast<size_t>(encabezado->count()), 0);
+    int total = 0;
+    for (int i = 0; i < encabezado->count(); ++i) {
+        // The hidden column of the publisher's number stays hidden.
+        if (encabezado->sectionSize(i) == 0) continue;
+        int necesita = encabezado->sectionSizeHint(i);
+        for (int f = 0; f < filas; ++f)
+            necesita = std::max(necesita, letra.horizontalAdvance(LstLibros->topLevelItem(f)->text(i)) + margen);
+        falta[static_cast<size_t>(i)] = std::max(0, necesita - encabezado->sectionSize(i));
+        total += falta[static_cast<size_t>(i)];
+    }
+    if (total == 0) return;
+    for (int i = 0; i < encabezado->count(); ++i) {
+        const int extra = total <= libre ? falta[static_cast<size_t>(i)] : static_cast<int>(static_cast<qint64>(falta[static_cast<size_t>(i)]) * libre / total);
+        if (extra > 0) encabezado->resizeSection(i, encabezado->sectionSize(i) + extra);
+    }
 }
 
 void FrmImportaSolicitud::BtnAgregar_Click() {

@@ -57,6 +57,9 @@ public:
 
     // "Resultados: Libros=" and the count of titles in the list.
     void MuestraCuentaDeLibros();
+    // Columns that cut their text take the list's free width, in proportion to what they lack; none gets
+    // narrower than it was set.
+    void ReparteAnchoLibre();
     // The screen's own connection to the program's database, open from Form_Load to Form_Unload.
     dao::Database* Conexion() const { return conexion_.get(); }
 

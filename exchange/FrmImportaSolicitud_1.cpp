@@ -104,7 +104,7 @@ FrmImportaSolicitud_1::FrmImportaSolicitud_1(QWidget* padre) : QDialog(padre) {
     todo->addLayout(g);
     todo->addStretch(1);
     todo->addLayout(botones);
-    resize(620, 330);
+    resize(620, 300);
     controles::OrdenDeTabulacion({TxtTitulo, TxtAutor, TxtEditorial, Combo1, BtnCatalogo, TxtISBN, TxtEdicion, TxtEjemplar,
                                   BtnGrabar, BtnRegresar});
 
@@ -180,6 +180,7 @@ void FrmImportaSolicitud_1::BtnGrabar_Click() {
     item->setSubItems(5, TxtEjemplar->text());
     item->setSubItems(6, numero);
     Importacion->MuestraCuentaDeLibros();
+    Importacion->ReparteAnchoLibre();
     close();
 }
 
