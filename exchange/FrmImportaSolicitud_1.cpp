@@ -8,7 +8,6 @@
 #include "core/controles/ListView.h"
 #include "core/controles/SoloDigitos.h"
 #include "core/ui/Plataforma.h"
-#include "core/vb/Cadenas.h"
 #include "core/vb/Conversion.h"
 #include "exchange/FrmImportaSolicitud.h"
 
@@ -24,9 +23,6 @@
 namespace {
 
 const QString origen = QStringLiteral("FrmImportaSolicitud_1");
-
-// The number at the head of a combo item ("012 - Planeta" is 12).
-double NumeroItem(const QString& item) { return vb::Val(vb::Mid(item, 1, 4)); }
 
 // A publisher's item, "012 - Planeta" as the list fills it or "12 Planeta" as the catalog refills it: its
 // number stands before the "-" and the blank, its name behind them.
@@ -138,20 +134,9 @@ void FrmImportaSolicitud_1::Form_Load() {
     controles::LimitaAlCampo(*TxtISBN, tabla, QStringLiteral("ISBN"));
 }
 
-void FrmImportaSolicitud_1::TxtEditorial_Change() {
-    const double valor = vb::Val(TxtEditorial->text());
-    for (int i = 0; i < Combo1->ListCount(); ++i) {
-        if (NumeroItem(Combo1->List(i)) == valor) {
-            if (Combo1->ListIndex() != i) Combo1->setListIndex(i);
-            return;
-        }
-    }
-}
+void FrmImportaSolicitud_1::TxtEditorial_Change() { controles::EligePorNumero(*Combo1, TxtEditorial->text()); }
 
-void FrmImportaSolicitud_1::Combo1_Click() {
-    if (Combo1->ListIndex() < 0) return;
-    TxtEditorial->setText(vb::CStr(vb::Variant(NumeroItem(Combo1->Text()))));
-}
+void FrmImportaSolicitud_1::Combo1_Click() { controles::PonNumeroDelItem(*Combo1, *TxtEditorial); }
 
 void FrmImportaSolicitud_1::BtnCatalogo_Click() {
     CatMod::CatalogoParaComboEligiendo(*Combo1, QStringLiteral("editoriales"),
