@@ -293,7 +293,8 @@ void FrmImportaSolicitud::ReparteAnchoLibre() {
     }
     if (total == 0) return;
     for (int i = 0; i < encabezado->count(); ++i) {
-        const int extra = total <= libre ? falta[static_cast<size_t>(i)] : static_cast<int>(static_cast<qint64>(falta[static_cast<size_t>(i)]) * libre / total);
+        const qint64 pide = falta[static_cast<size_t>(i)];
+        const int extra = static_cast<int>(total <= libre ? pide : pide * libre / total);
         if (extra > 0) encabezado->resizeSection(i, encabezado->sectionSize(i) + extra);
     }
 }
@@ -322,8 +323,10 @@ void FrmImportaSolicitud::BtnModificar_Click() {
     for (const QString& valor : {item->Text(), item->SubItems(1), item->SubItems(2), item->SubItems(3), item->SubItems(4),
                                  item->SubItems(5)}) {
         if (valor.contains(QLatin1String("**"))) {
-            editor.EtNoReconocida->setText(QStringLiteral("Editorial NO Reconocida: ") +
-                                           vb::Mid(item->SubItems(2), intercambio::MarcaEditorialDesconocida.size() + 1));
+            QString editorial = item->SubItems(2);
+            if (editorial.startsWith(intercambio::MarcaEditorialDesconocida))
+                editorial.remove(0, intercambio::MarcaEditorialDesconocida.size());
+            editor.EtNoReconocida->setText(QStringLiteral("Editorial NO Reconocida: ") + editorial);
             break;
         }
     }
@@ -371,7 +374,7 @@ void FrmImportaSolicitud::BtnGrabar_Click() {
 }
 
 void FrmImportaSolicitud::Grabar() {
-    if (!conexion_) throw vb::Error(91, QStringLiteral("Variable de tipo Object o la variable de bloque With no está establecida"));
+    if (!conexion_) intercambio::ErrorObjetoNoEstablecido();
     auto general = conexion_->OpenRecordset(QStringLiteral("Solicitudes General"));
     auto libros = conexion_->OpenRecordset(QStringLiteral("Solicitudes Libros"));
     // Each title is tried on a row that is never written: one its table can't hold (a text too long, an
@@ -407,8 +410,8 @@ void FrmImportaSolicitud::Grabar() {
         AsignaTitulo(*libros, LstLibros->ListItems()(i), NoSolicitud);
         libros->Update();
     }
-    general->Close();
-    libros->Close();
+    general.reset();
+    libros.reset();
     ui::Sistema().MsgBox(QStringLiteral("La solicitud ha sido grabada satisfactoriamente en el sistema !!!"), ui::vbOKOnly, Titulo);
     close();
 }
