@@ -34,8 +34,6 @@ namespace {
 const QString origen = QStringLiteral("Don_Libros");
 const QString CrLf = QStringLiteral("\r\n");
 
-// The number at the head of a combo item ("012 Planeta" is 12).
-double NumeroItem(const QString& item) { return vb::Val(vb::Mid(item, 1, 4)); }
 QString Entrecomillado(const QString& texto) { return u'\'' + Datos::DuplicaComillas(texto) + u'\''; }
 
 }  // namespace
@@ -195,19 +193,10 @@ void Don_Libros::CambioDeDatos() { DatosGrabados = false; }
 
 void Don_Libros::Text4_Change() {
     CambioDeDatos();
-    const double valor = vb::Val(Text4->text());
-    for (int i = 0; i < Combo1->ListCount(); ++i) {
-        if (NumeroItem(Combo1->List(i)) == valor) {
-            if (Combo1->ListIndex() != i) Combo1->setListIndex(i);
-            return;
-        }
-    }
+    controles::EligePorNumero(*Combo1, Text4->text());
 }
 
-void Don_Libros::Combo1_Click() {
-    if (Combo1->ListIndex() < 0) return;
-    Text4->setText(vb::CStr(vb::Variant(NumeroItem(Combo1->Text()))));
-}
+void Don_Libros::Combo1_Click() { controles::PonNumeroDelItem(*Combo1, *Text4); }
 
 void Don_Libros::Command2_Click() {
     CatMod::CatalogoParaComboEligiendo(*Combo1, QStringLiteral("editoriales"),

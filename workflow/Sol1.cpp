@@ -1,6 +1,7 @@
 #include "workflow/Sol1.h"
 
 #include "core/Datos.h"
+#include "core/FormPrincipal.h"
 #include "core/Globales.h"
 #include "core/controles/ListView.h"
 #include "core/controles/TimerReacomodo.h"
@@ -190,7 +191,14 @@ void Sol1::cmdAgregarTitulos_Click() {
 }
 
 void Sol1::BtnImportarSolicitud_Click() {
-    // The import screen opens here once it exists.
+    // The import screen belongs to data exchange, which stands above this library: the main window opens it
+    // by its registered name.
+    for (QWidget* w = this; w; w = w->parentWidget()) {
+        if (auto* principal = qobject_cast<FormPrincipal*>(w)) {
+            principal->Ejecuta(QStringLiteral("FrmImportaSolicitud"));
+            return;
+        }
+    }
 }
 
 void Sol1::Command3_Click() {

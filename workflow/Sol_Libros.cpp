@@ -27,8 +27,6 @@ const QString origen = QStringLiteral("Sol_Libros");
 
 // The number a field holds, as a statement takes it: an empty or wordy field is 0.
 QString NumeroDe(const QString& texto) { return vb::CStr(vb::Variant(vb::Val(texto))); }
-// The number at the head of a combo item ("012 Planeta" is 12).
-double NumeroItem(const QString& item) { return vb::Val(vb::Mid(item, 1, 4)); }
 
 QString EstadoEnPalabras(const QString& estado) {
     if (estado == u"A") return QStringLiteral("Adquirido");
@@ -146,20 +144,9 @@ void Sol_Libros::Form_Load() {
     LblEstadoLibro->setText(EstadoEnPalabras(Titulos ? Titulos->EstadoTitulo : QString()));
 }
 
-void Sol_Libros::Combo1_Click() {
-    if (Combo1->ListIndex() < 0) return;
-    Text2->setText(vb::CStr(vb::Variant(NumeroItem(Combo1->Text()))));
-}
+void Sol_Libros::Combo1_Click() { controles::PonNumeroDelItem(*Combo1, *Text2); }
 
-void Sol_Libros::Text2_Change() {
-    const double valor = vb::Val(Text2->text());
-    for (int i = 0; i < Combo1->ListCount(); ++i) {
-        if (NumeroItem(Combo1->List(i)) == valor) {
-            if (Combo1->ListIndex() != i) Combo1->setListIndex(i);
-            return;
-        }
-    }
-}
+void Sol_Libros::Text2_Change() { controles::EligePorNumero(*Combo1, Text2->text()); }
 
 void Sol_Libros::Text5_LostFocus() {
     if (Text5->text().isEmpty()) Text5->setText(QStringLiteral("0"));

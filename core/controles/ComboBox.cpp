@@ -1,9 +1,12 @@
 #include "core/controles/ComboBox.h"
 
+#include "core/vb/Cadenas.h"
+#include "core/vb/Conversion.h"
 #include "core/vb/Error.h"
 
 #include <QChildEvent>
 #include <QEvent>
+#include <QLineEdit>
 #include <QSignalBlocker>
 
 
@@ -116,6 +119,24 @@ void ComboBox::setText(const QString& texto) {
     const int i = findText(texto, Qt::MatchFixedString);
     if (i < 0) throw vb::Error(383, QStringLiteral("La propiedad 'Text' es de sólo lectura"));
     setCurrentIndex(i);
+}
+
+double NumeroDeItem(const QString& item) { return vb::Val(vb::Mid(item, 1, 4)); }
+
+bool EligePorNumero(ComboBox& combo, const QString& valorDelCampo) {
+    const double valor = vb::Val(valorDelCampo);
+    for (int i = 0; i < combo.ListCount(); ++i) {
+        if (NumeroDeItem(combo.List(i)) == valor) {
+            if (combo.ListIndex() != i) combo.setListIndex(i);
+            return true;
+        }
+    }
+    return false;
+}
+
+void PonNumeroDelItem(const ComboBox& combo, QLineEdit& campo) {
+    if (combo.ListIndex() < 0) return;
+    campo.setText(vb::CStr(vb::Variant(NumeroDeItem(combo.Text()))));
 }
 
 qint32 ItemDataDe(const QComboBox& combo, int indice) {

@@ -5,6 +5,8 @@
 // combo is put right by choosing its item again.
 #include <QComboBox>
 
+class QLineEdit;
+
 namespace controles {
 
 class ComboBox : public QComboBox {
@@ -49,6 +51,16 @@ private:
     // opened); -2 when none is under way. A choice that leaves it unchanged fires no change of index.
     int antesDeElegir_ = -2;
 };
+
+// A lookup field beside a combo of numbered items ("012 - Planeta" as LlenaCombo fills it, "12 Planeta" as a
+// catalog refills it).
+// The number at the head of an item, read from its four first characters as the screens read it.
+double NumeroDeItem(const QString& item);
+// Typing in the field: the first item whose number is the field's value is chosen, unless it is already;
+// false when no item has it.
+bool EligePorNumero(ComboBox& combo, const QString& valorDelCampo);
+// A choice in the combo: the field shows the chosen item's number; nothing happens when none is chosen.
+void PonNumeroDelItem(const ComboBox& combo, QLineEdit& campo);
 
 // ItemData as LlenaCombo and ComboBox keep it (Qt::UserRole), read from any QComboBox: 0 when never set.
 qint32 ItemDataDe(const QComboBox& combo, int indice);

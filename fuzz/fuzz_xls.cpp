@@ -1,0 +1,23 @@
+// Fuzz target of the binary workbook reader: any bytes, as a file FreeXL opens (a memory file, so that no
+// disk is written), are opened as a workbook, read and converted. A refusal (error 1004) is a fine outcome;
+// a crash, a sanitizer report or a hang is a fault.
+#include "exchange/LectorXls.h"
+#include "hoja_comun.h"
+
+#include <sys/mman.h>
+#include <unistd.h>
+
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t* datos, size_t tamano) {
+    if (tamano > 200000) return -1;
+    static const int archivo = memfd_create("fuzz_xls", 0);
+    static const QString ruta = QStringLiteral("/proc/self/fd/%1").arg(archivo);
+    if (archivo < 0 || ftruncate(archivo, 0) != 0 || pwrite(archivo, datos, tamano, 0) != static_cast<ssize_t>(tamano)) return 0;
+    intercambio::LectorXls hoja;
+    try {
+        hoja.Abre(ruta);
+    } catch (const vb::Error&) {
+        return 0;
+    }
+    RecorreHoja(hoja);
+    return 0;
+}
