@@ -44,7 +44,8 @@ QString PaginaDeLista(const QString& titulo, const QString& resumen, controles::
 void MuestraPagina(ui::VistaHtml& vista, const QString& html, long vueltas = 50000);
 
 // The buttons and preview of a list screen's report. "Generar reporte" makes the page if there is none,
-// shows the preview and becomes "Imprimir", which prints; "Guardar" saves the page as an HTML file. The page
+// shows the preview and becomes "Imprimir", which prints across the page; "Guardar" saves the page as an HTML
+// file. The page
 // itself is the screen's: `documento` is its text, `genera` makes it.
 class ReporteDeLista {
 public:

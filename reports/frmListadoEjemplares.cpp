@@ -43,7 +43,7 @@ struct DesdeElListado {
     DesdeElListado& operator=(const DesdeElListado&) = delete;
 };
 
-// The names the report gives to the codes of a copy's row.
+// The name the report gives to the state of a copy's title, or to the kind of its donation.
 QString NombreEstado(const controles::ListItem& fila, const QString& estado) {
     if (vb::UCase(fila.SubItems(ColumnaLado)) == QStringLiteral("D")) {
         if (estado == QStringLiteral("D")) return QStringLiteral("Donación");
@@ -54,12 +54,6 @@ QString NombreEstado(const controles::ListItem& fila, const QString& estado) {
     if (estado == QStringLiteral("I")) return QStringLiteral("No adquirido");
     if (estado == QStringLiteral("P")) return QStringLiteral("Pedido");
     if (estado == QStringLiteral("S")) return QStringLiteral("Solicitado");
-    return QString();
-}
-
-QString NombreLado(const controles::ListItem&, const QString& lado) {
-    if (vb::UCase(lado) == QStringLiteral("S")) return QStringLiteral("Solicitud");
-    if (vb::UCase(lado) == QStringLiteral("D")) return QStringLiteral("Donación");
     return QString();
 }
 
@@ -425,7 +419,7 @@ void frmListadoEjemplares::GeneraReporteHTML() {
         numero,
         {reportes::Celda::Fecha, {}},
         {reportes::Celda::Texto, NombreEstado},
-        {reportes::Celda::Texto, NombreLado},
+        {},   // the side stays a letter: the state already names it
     };
     DocumentoHtml = reportes::PaginaDeLista(QStringLiteral("Reporte de ejemplares existentes"),
                                             QStringLiteral("Total: ") + QString::number(n) + QStringLiteral(" ejemplar(es)"),

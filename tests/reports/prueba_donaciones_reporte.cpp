@@ -216,7 +216,7 @@ TEST_F(PruebaReporteDonaciones, ReporteConElPeriodoYLasCuentas) {
     const QString& html = pantalla->DocumentoHtml;
     EXPECT_TRUE(html.startsWith(QStringLiteral("<HTML><HEAD><TITLE>Reporte de donaciones por institución</TITLE>")));
     EXPECT_TRUE(html.contains(QStringLiteral("<BODY><h3>Reporte de donaciones por institución</h3><div align=right>Periodo: de "
-                                             "01/feb/2024 a 31/mar/2024<br/>Total: 3 donacion(es)</div><TABLE border=1><TR>")));
+                                             "01/feb/2024 a 31/mar/2024<br/>Total: 3 donacion(es)</div><TABLE border=1 width=100%><TR>")));
     EXPECT_TRUE(html.contains(QStringLiteral("<TR><TD>Embajada</TD><TD align=right>02</TD><TD align=right>05</TD>"
                                              "<TD>Norte</TD><TD>01/mar/2024</TD><TD align=right>12</TD></TR>")));
     EXPECT_TRUE(html.contains(QStringLiteral("Departamento de adquisiciones")));

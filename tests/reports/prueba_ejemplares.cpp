@@ -8,6 +8,7 @@
 #include "core/FormPrincipal.h"
 #include "core/controles/ComboBox.h"
 #include "core/controles/ListView.h"
+#include "core/ui/PlataformaQt.h"
 #include "core/vb/Cadenas.h"
 #include "workflow/Don_Generales.h"
 #include "workflow/Don_Libros.h"
@@ -23,7 +24,10 @@
 #include <QListWidget>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QRegularExpression>
+#include <algorithm>
 #include <gtest/gtest.h>
+#include <numeric>
 
 namespace {
 
@@ -123,6 +127,13 @@ protected:
         pantalla->cboBiblio->setListIndex(indice);
     }
     ui::VistaHtmlPrueba& Vista() { return *dynamic_cast<ui::VistaHtmlPrueba*>(pantalla->WebBrowser1.get()); }
+    // The widths in hundredths that the cells of a row of the page carry, in order.
+    static QList<int> Anchos(const QString& fila) {
+        QList<int> r;
+        static const QRegularExpression ancho(QStringLiteral("<TD[^>]* width=(\\d+)%"));
+        for (auto m = ancho.globalMatch(fila); m.hasNext();) r << m.next().captured(1).toInt();
+        return r;
+    }
 };
 
 TEST_F(PruebaEjemplares, AbreDesdeElMenuConLasOpcionesOcultas) {
@@ -354,20 +365,29 @@ TEST_F(PruebaEjemplares, ReporteMostradoImpresoYGuardado) {
     EXPECT_TRUE(html.startsWith(QStringLiteral("<HTML><HEAD><TITLE>Reporte de ejemplares existentes</TITLE>")));
     EXPECT_TRUE(html.contains(QStringLiteral(".tdHead")));   // the style sheet, whole
     EXPECT_TRUE(html.contains(QStringLiteral("<BODY><h3>Reporte de ejemplares existentes</h3><div align=right>Total: 4 "
-                                             "ejemplar(es)</div><TABLE border=1><TR>\r\n<TD class='tdHead'>NúmAdq.</TD>")));
+                                             "ejemplar(es)</div><TABLE border=1 width=100%><TR>\r\n<TD class='tdHead' "
+                                             "width=")));
+    // Each column as wide as its longest value: the title's is the widest, the side's letter the narrowest.
+    const qsizetype cabeza = html.indexOf(QStringLiteral("<TR>"));
+    const QList<int> anchos = Anchos(html.mid(cabeza, html.indexOf(QStringLiteral("</TR>"), cabeza) - cabeza));
+    ASSERT_EQ(anchos.size(), 9);
+    EXPECT_EQ(std::accumulate(anchos.begin(), anchos.end(), 0), 100);
+    EXPECT_EQ(*std::max_element(anchos.begin(), anchos.end()), anchos[2]);
+    EXPECT_EQ(*std::min_element(anchos.begin(), anchos.end()), anchos[8]);
     // The hidden key is no column of the report.
     EXPECT_FALSE(html.contains(QStringLiteral("Clave Libro")));
     EXPECT_TRUE(html.contains(QStringLiteral("<TR><TD>A-0003</TD><TD align=right>010</TD><TD>Ficciones</TD><TD>Borges</TD>"
                                              "<TD align=right>01</TD><TD align=right>80.00</TD><TD>05/mar/2024</TD>"
-                                             "<TD>Donación</TD><TD>Donación</TD></TR>\r\n")));
+                                             "<TD>Donación</TD><TD>D</TD></TR>\r\n")));
     EXPECT_TRUE(html.contains(QStringLiteral("<TD>Aura &amp; &lt;Otros&gt;</TD>")));
-    EXPECT_TRUE(html.contains(QStringLiteral("<TD>Adquirido</TD><TD>Solicitud</TD>")));
+    EXPECT_TRUE(html.contains(QStringLiteral("<TD>Adquirido</TD><TD>S</TD>")));
     EXPECT_TRUE(html.contains(QStringLiteral("</TABLE><!--- pie de pagina --><table border=0  cellspacing=0 width=100%>"
                                              "<tr><td class=copyR><hr/>Departamento de adquisiciones<br/>Reporte generado el ")));
     EXPECT_TRUE(html.endsWith(QStringLiteral(" con KORVEL8</td></tr></table></BODY></HTML>")));
 
     pantalla->cmdImprimir->click();
     EXPECT_EQ(Vista().impresiones, 1);
+    EXPECT_TRUE(Vista().apaisada);
 
     const QString archivo = dir.filePath(QStringLiteral("ejemplares.htm"));
     sistema->archivos.push_back(ui::RespuestaArchivo::Elige(archivo));
@@ -399,10 +419,36 @@ TEST_F(PruebaEjemplares, ReporteSinFilasYSinHojaDeEstilo) {
     Busca(QStringLiteral("Z"));
     pantalla->GeneraReporteHTML();
     const QString& html = pantalla->DocumentoHtml;
-    EXPECT_TRUE(html.contains(QStringLiteral("<STYLE type=text/css></STYLE>")));
+    EXPECT_FALSE(html.contains(QStringLiteral(".tdHead")));
+    EXPECT_TRUE(html.contains(QStringLiteral("<STYLE type=text/css>\r\ntable {")));
     EXPECT_TRUE(html.contains(QStringLiteral("Total: 0 ejemplar(es)")));
-    EXPECT_TRUE(html.contains(QStringLiteral("<TD class='tdHead'>S/D</TD></TR>\r\n</TABLE>")));
+    EXPECT_TRUE(html.contains(QStringLiteral(">S/D</TD></TR>\r\n</TABLE>")));
     EXPECT_EQ(Vista().html, html);
+}
+
+// A long list goes into the page in tables of 100 rows, each opening with the columns' widths, so that the
+// view shows the first block at once and the blocks line up.
+TEST_F(PruebaEjemplares, ReporteLargoEnBloquesAlineados) {
+    ASSERT_EQ(Busca(QStringLiteral("A-")), 4);
+    for (int i = 0; i < 246; ++i) {
+        controles::ListItem* fila = pantalla->ListView1->ListItems().Add(QStringLiteral("900"));
+        fila->setSubItems(1, QStringLiteral("Z-%1").arg(i, 4, 10, QLatin1Char('0')));
+    }
+    pantalla->GeneraReporteHTML();
+    const QString& html = pantalla->DocumentoHtml;
+    EXPECT_TRUE(html.contains(QStringLiteral("Total: 250 ejemplar(es)")));
+    const auto tablas = ui::TablasPrincipales(html);
+    ASSERT_EQ(tablas.size(), 4u);   // three blocks and the footer
+    const QString cabeza = html.mid(tablas[0].first, html.indexOf(QStringLiteral("</TR>"), tablas[0].first) - tablas[0].first);
+    ASSERT_EQ(Anchos(cabeza).size(), 9);
+    for (size_t t = 0; t < 3; ++t) {
+        const QString bloque = html.mid(tablas[t].first, tablas[t].second - tablas[t].first);
+        EXPECT_TRUE(bloque.startsWith(QStringLiteral("<TABLE border=1 width=100%><TR>")));
+        EXPECT_EQ(bloque.count(QStringLiteral("<TR>")), t == 0 ? 101 : t == 1 ? 100 : 50);
+        // The first row of each block carries the head's widths, and no other row does.
+        EXPECT_EQ(Anchos(bloque.left(bloque.indexOf(QStringLiteral("</TR>")))), Anchos(cabeza));
+        EXPECT_EQ(bloque.count(QStringLiteral(" width=")), 10);   // the table's own and nine columns
+    }
 }
 
 }  // namespace
