@@ -80,7 +80,6 @@ frmListadoEjemplares::frmListadoEjemplares(QWidget* padre) : QDialog(padre) {
     info->setContentsMargins(0, 0, 0, 0);
     info->addWidget(ayuda1);
     info->addWidget(ayuda2);
-    info->addStretch(1);
 
     frameNumSol = new QGroupBox(this);
     Option1 = new QRadioButton(QStringLiteral("Números de adquisición"), frameNumSol);
@@ -137,7 +136,6 @@ frmListadoEjemplares::frmListadoEjemplares(QWidget* padre) : QDialog(padre) {
     biblioteca->addWidget(Check1);
     biblioteca->addWidget(cboBiblio, 1);
     auto* opciones = new QGridLayout;
-    opciones->addWidget(picInfo, 0, 0, 2, 2);
     opciones->addWidget(frameNumSol, 0, 0);
     opciones->addWidget(frameSolDon, 0, 1);
     opciones->addLayout(biblioteca, 1, 0, 1, 2);
@@ -146,6 +144,7 @@ frmListadoEjemplares::frmListadoEjemplares(QWidget* padre) : QDialog(padre) {
     auto* busqueda = new QVBoxLayout;
     busqueda->addLayout(expresion);
     busqueda->addWidget(chkAvanzadas);
+    busqueda->addWidget(picInfo);
     busqueda->addLayout(opciones);
     auto* botones = new QHBoxLayout;
     for (QPushButton* b : {cmdDetalleNA, cmdVerFicha, cmdImprimir, cmdGrabar}) botones->addWidget(b);
