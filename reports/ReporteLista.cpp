@@ -9,6 +9,8 @@
 #include "core/vb/Formato.h"
 
 #include <QFile>
+#include <QGroupBox>
+#include <QVBoxLayout>
 
 #include <algorithm>
 #include <cmath>
@@ -179,6 +181,28 @@ QString PaginaDeLista(const QString& titulo, const QString& resumen, controles::
          QStringLiteral(" con KORVEL8</td></tr>");
     h += QStringLiteral("</table></BODY></HTML>");
     return h;
+}
+
+QGroupBox* CreaVistaPrevia(QWidget* pantalla, std::unique_ptr<ui::VistaHtml>& vista) {
+    auto* contenedor = new QGroupBox(QStringLiteral(" Vista previa del reporte"), pantalla);
+    contenedor->setObjectName(QStringLiteral("picContenedor"));
+    vista = ui::Sistema().CreaVistaHtml(contenedor);
+    auto* disposicion = new QVBoxLayout(contenedor);
+    if (vista && vista->widget()) disposicion->addWidget(vista->widget());
+    contenedor->setVisible(false);
+    return contenedor;
+}
+
+void SeleccionaFila(controles::ListView& lista, int columna, const QString& valor) {
+    controles::ListItemCollection& filas = lista.ListItems();
+    for (int i = 1; i <= filas.Count(); ++i) {
+        controles::ListItem& fila = filas(i);
+        if ((columna == 1 ? fila.Text() : fila.SubItems(columna - 1)) == valor) {
+            fila.setSelected(true);
+            fila.EnsureVisible();
+            return;
+        }
+    }
 }
 
 void MuestraPagina(ui::VistaHtml& vista, const QString& html, long vueltas) {

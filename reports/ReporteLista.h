@@ -4,8 +4,10 @@
 // "xsls\korvel8v324.css"; shown in a preview, printed and saved as HTML.
 #include <QString>
 #include <functional>
+#include <memory>
 #include <vector>
 
+class QGroupBox;
 class QPushButton;
 class QWidget;
 namespace controles {
@@ -39,6 +41,14 @@ QString EstiloListados();
 // column it doesn't reach is text.
 QString PaginaDeLista(const QString& titulo, const QString& resumen, controles::ListView& lista,
                       const std::vector<ColumnaReporte>& columnas);
+
+// The preview of a list screen's report: a frame " Vista previa del reporte" over `pantalla` holding the
+// document view it makes in `vista`, hidden until a report is shown.
+QGroupBox* CreaVistaPrevia(QWidget* pantalla, std::unique_ptr<ui::VistaHtml>& vista);
+
+// Selects the first row of the list whose column `columna` (1 its text, as ColumnHeaders counts) is `valor`,
+// and brings it into view; without one, nothing changes.
+void SeleccionaFila(controles::ListView& lista, int columna, const QString& valor);
 
 // Loads an empty page into the view, waits for it at most `vueltas` turns, and writes `html`.
 void MuestraPagina(ui::VistaHtml& vista, const QString& html, long vueltas = 50000);

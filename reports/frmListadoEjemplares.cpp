@@ -111,11 +111,7 @@ frmListadoEjemplares::frmListadoEjemplares(QWidget* padre) : QDialog(padre) {
     cmdImprimir = new QPushButton(QStringLiteral("Generar &reporte"), this);
     cmdGrabar = new QPushButton(QStringLiteral("&Guardar"), this);
     cmdRegresar = new QPushButton(QStringLiteral("&Cancelar"), this);
-    picContenedor = new QGroupBox(QStringLiteral(" Vista previa del reporte"), this);
-    WebBrowser1 = ui::Sistema().CreaVistaHtml(picContenedor);
-    auto* contenedor = new QVBoxLayout(picContenedor);
-    if (WebBrowser1 && WebBrowser1->widget()) contenedor->addWidget(WebBrowser1->widget());
-    picContenedor->setVisible(false);
+    picContenedor = reportes::CreaVistaPrevia(this, WebBrowser1);
 
     const std::pair<QWidget*, const char*> nombres[] = {
         {txtBuscar, "txtBuscar"},       {cmdBuscar, "cmdBuscar"},       {chkAvanzadas, "chkAvanzadas"},
@@ -124,7 +120,7 @@ frmListadoEjemplares::frmListadoEjemplares(QWidget* padre) : QDialog(padre) {
         {OptAmbas, "OptAmbas"},         {OptSol, "OptSol"},             {OptDon, "OptDon"},
         {Check1, "Check1"},             {cboBiblio, "cboBiblio"},       {cmdDetalleNA, "cmdDetalleNA"},
         {cmdVerFicha, "cmdVerFicha"},   {cmdImprimir, "cmdImprimir"},   {cmdGrabar, "cmdGrabar"},
-        {cmdRegresar, "cmdRegresar"},   {picContenedor, "picContenedor"}};
+        {cmdRegresar, "cmdRegresar"}};
     for (const auto& [w, n] : nombres) w->setObjectName(QLatin1String(n));
 
     // The search on top: the expression, and below it either the help or the options.
@@ -394,15 +390,7 @@ void frmListadoEjemplares::cmdVerFicha_Click() {
 }
 
 void frmListadoEjemplares::SeleccionaItem(const QString& clave) {
-    controles::ListItemCollection& filas = ListView1->ListItems();
-    for (int i = 1; i <= filas.Count(); ++i) {
-        controles::ListItem& fila = filas(i);
-        if (fila.Text() == clave) {
-            fila.setSelected(true);
-            fila.EnsureVisible();
-            return;
-        }
-    }
+    reportes::SeleccionaFila(*ListView1, 1, clave);
 }
 
 void frmListadoEjemplares::GeneraReporteHTML() {

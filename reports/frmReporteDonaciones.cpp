@@ -65,17 +65,13 @@ frmReporteDonaciones::frmReporteDonaciones(QWidget* padre) : QDialog(padre) {
     cmdImprimir = new QPushButton(QStringLiteral("Generar &reporte"), this);
     cmdGrabar = new QPushButton(QStringLiteral("&Guardar"), this);
     cmdRegresar = new QPushButton(QStringLiteral("&Cancelar"), this);
-    picContenedor = new QGroupBox(QStringLiteral(" Vista previa del reporte"), this);
-    WebBrowser1 = ui::Sistema().CreaVistaHtml(picContenedor);
-    auto* contenedor = new QVBoxLayout(picContenedor);
-    if (WebBrowser1 && WebBrowser1->widget()) contenedor->addWidget(WebBrowser1->widget());
-    picContenedor->setVisible(false);
+    picContenedor = reportes::CreaVistaPrevia(this, WebBrowser1);
 
     const std::pair<QWidget*, const char*> nombres[] = {
         {txtFecha1, "txtFecha1"},     {txtFecha2, "txtFecha2"},     {cboDonadora, "cboDonadora"},
         {cboBiblio, "cboBiblio"},     {cboOrdenar, "cboOrdenar"},   {cmdBuscar, "cmdBuscar"},
         {cmdVerFicha, "cmdVerFicha"}, {cmdImprimir, "cmdImprimir"}, {cmdGrabar, "cmdGrabar"},
-        {cmdRegresar, "cmdRegresar"}, {picContenedor, "picContenedor"}};
+        {cmdRegresar, "cmdRegresar"}};
     for (const auto& [w, n] : nombres) w->setObjectName(QLatin1String(n));
 
     auto* filtros = new QGridLayout;
@@ -255,15 +251,7 @@ void frmReporteDonaciones::cmdVerFicha_Click() {
 }
 
 void frmReporteDonaciones::SeleccionaItem(const QString& clave) {
-    controles::ListItemCollection& filas = ListView1->ListItems();
-    for (int i = 1; i <= filas.Count(); ++i) {
-        controles::ListItem& fila = filas(i);
-        if (fila.SubItems(ColumnaDonacion) == clave) {
-            fila.setSelected(true);
-            fila.EnsureVisible();
-            return;
-        }
-    }
+    reportes::SeleccionaFila(*ListView1, ColumnaDonacion + 1, clave);
 }
 
 void frmReporteDonaciones::GeneraReporteHTML() {
