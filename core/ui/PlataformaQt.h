@@ -102,7 +102,7 @@ private:
     // A long page being shown: what is left of it, in order, and where it goes.
     std::deque<QString> pendientes_;
     QTextCursor cursorPendiente_;
-    QTimer* carga_ = nullptr;
+    QPointer<QTimer> carga_;
 };
 
 }  // namespace ui
