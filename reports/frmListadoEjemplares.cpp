@@ -24,7 +24,7 @@
 namespace {
 
 const QString origen = QStringLiteral("frmListadoEjemplares");
-const QString titulosAN = QStringLiteral("[Adquisiciones Numadqui] AS AN");
+const QString numerosAN = QStringLiteral("[Adquisiciones Numadqui] AS AN");
 // The column of the list that tells a requested copy ("S") from a donated one ("D").
 constexpr int ColumnaLado = 9;
 
@@ -35,7 +35,7 @@ int NumeroBiblioteca(const QString& item) {
     return static_cast<int>(vb::Val(vb::Left(item, 3)));
 }
 
-// Every copy is open while the listing waits for its detail screen; cleared however that screen ends.
+// While a copy's title is open from the listing its screen knows it; cleared however that screen ends.
 struct DesdeElListado {
     DesdeElListado() { globales::DesdeListadoEjemplares = true; }
     ~DesdeElListado() { globales::DesdeListadoEjemplares = false; }
@@ -265,7 +265,7 @@ void frmListadoEjemplares::cmdBuscar_Click() {
     c.Valor.clear();
     if (OptAmbas->isChecked()) {
         // A union of both sides; the close of its first half and the whole second half travel in the order.
-        const QString desdeDonaciones = QStringLiteral("FROM ") + titulosAN +
+        const QString desdeDonaciones = QStringLiteral("FROM ") + numerosAN +
                                         QStringLiteral(", [Donaciones libros] AS DL, [Donaciones General] AS DG WHERE ((");
         QString pS, pD;
         if (porAdquisicion) {
@@ -280,7 +280,7 @@ void frmListadoEjemplares::cmdBuscar_Click() {
         c.Tabla = QStringLiteral(
                       " (SELECT AN.Clavelibro, AN.Noadquisicion, SL.NoSolicitud, SL.titulo, SL.autor, SL.[Ejemplares "
                       "recibidos], SL.costo, SL.[Fecha de recepcion], SL.Estado, AN.[Solicitud o donacion]") +
-                  QStringLiteral("FROM ") + titulosAN +
+                  QStringLiteral("FROM ") + numerosAN +
                   QStringLiteral(", [Solicitudes libros] AS SL, [Solicitudes General] AS SG WHERE (AN.[Solicitud o "
                                  "donacion]='S') AND (SG.NoSolicitud=SL.NoSolicitud) AND ") +
                   pS + fS;
@@ -313,8 +313,8 @@ void frmListadoEjemplares::cmdBuscar_Click() {
             c.Orden = QStringLiteral("2,3");
         } else {
             // A plain number goes in unquoted and whole, unlike the union's prefix.
-            c.Clave += u'(' + porNumero(solicitudes ? QStringLiteral("SL.NoSolicitud") : QStringLiteral("DL.NoDonacion"), false) +
-                       u')';
+            const QString campo = solicitudes ? QStringLiteral("SL.NoSolicitud") : QStringLiteral("DL.NoDonacion");
+            c.Clave += u'(' + porNumero(campo, false) + u')';
             c.Orden = QStringLiteral("3,2");
         }
         c.Clave += solicitudes ? fS : fD;
