@@ -8,6 +8,9 @@
 class PlataformaBanco : public ui::PlataformaQt {
 public:
     int cajas = 0;
+    // The program's folder, where the installation files are found; empty for the benchmark's own.
+    QString rutaPrograma;
+    QString RutaPrograma() override { return rutaPrograma.isEmpty() ? ui::PlataformaQt::RutaPrograma() : rutaPrograma; }
     int MsgBox(const QString&, int, const QString&) override {
         ++cajas;
         return ui::vbOK;

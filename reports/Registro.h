@@ -3,7 +3,8 @@
 
 namespace reportes {
 
-// Registers "Listados" (the report generator) with the main window.
+// Registers "Listados" (the report generator), "Consultas" (the holdings search) and "EjemAdq" (the copy
+// listing) with the main window.
 void RegistraComandos();
 
 }  // namespace reportes

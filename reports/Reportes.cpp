@@ -8,7 +8,9 @@
 #include "core/vb/Formato.h"
 
 #include <QCoreApplication>
+#include <QComboBox>
 #include <QListWidget>
+#include <QSignalBlocker>
 
 #include <libxml/parser.h>
 #include <libxml/tree.h>
@@ -332,10 +334,12 @@ bool LlenaListaTodas(const globales::ConsultaDatos& consulta, QListWidget& lista
     return true;
 }
 
-bool LlenaListaNumerada(const globales::ConsultaDatos& consulta, QListWidget& lista) {
-    lista.clear();
+namespace {
+
+// Each row: integer values as "000 - ", other values followed by a blank, trimmed.
+QStringList FilasNumeradas(const globales::ConsultaDatos& consulta) {
+    QStringList filas;
     auto rs = AbreLista(consulta);
-    bool agrego = false;
     const int columnas = rs->Fields().Count();
     for (; !rs->Eof(); rs->MoveNext()) {
         QString fila;
@@ -348,11 +352,26 @@ bool LlenaListaNumerada(const globales::ConsultaDatos& consulta, QListWidget& li
             else
                 fila += v.text() + QStringLiteral(" ");
         }
-        lista.addItem(fila.trimmed());
-        agrego = true;
+        filas << fila.trimmed();
     }
     rs->Close();
-    return agrego;
+    return filas;
+}
+
+}  // namespace
+
+bool LlenaListaNumerada(const globales::ConsultaDatos& consulta, QListWidget& lista) {
+    lista.clear();
+    const QStringList filas = FilasNumeradas(consulta);
+    lista.addItems(filas);
+    return !filas.isEmpty();
+}
+
+bool LlenaListaNumerada(const globales::ConsultaDatos& consulta, QComboBox& lista) {
+    const QStringList filas = FilasNumeradas(consulta);
+    const QSignalBlocker bloqueo(&lista);
+    lista.addItems(filas);
+    return !filas.isEmpty();
 }
 
 }  // namespace reportes

@@ -5,6 +5,7 @@
 #include "core/Globales.h"
 #include <QString>
 
+class QComboBox;
 class QListWidget;
 namespace ui { class VistaHtml; }
 
@@ -37,5 +38,8 @@ bool LlenaListaTodas(const globales::ConsultaDatos& consulta, QListWidget& lista
 // Fills `lista` with each row: integer values as "000 - ", other values followed by a blank; false when
 // there are no rows.
 bool LlenaListaNumerada(const globales::ConsultaDatos& consulta, QListWidget& lista);
+// The same rows added to a combo after the items it has (its first item, "-- Todas ... --", stays); adding
+// fires no event of the combo.
+bool LlenaListaNumerada(const globales::ConsultaDatos& consulta, QComboBox& lista);
 
 }  // namespace reportes

@@ -6,6 +6,7 @@
 #include "core/controles/TimerReacomodo.h"
 #include "core/ui/Plataforma.h"
 #include "core/vb/Error.h"
+#include "reports/frmReporteDonaciones.h"
 #include "workflow/Don_Edi.h"
 #include "workflow/Don_Generales.h"
 
@@ -33,8 +34,6 @@ Don1::Don1(QWidget* padre) : QDialog(padre) {
     Command3->setObjectName(QStringLiteral("Command3"));
     cmdReporte->setObjectName(QStringLiteral("cmdReporte"));
     Command5->setObjectName(QStringLiteral("Command5"));
-    // The donation report is not part of this build yet.
-    cmdReporte->setEnabled(false);
 
     auto* botones = new QHBoxLayout;
     for (QPushButton* b : {Command1, Command2, Command3, cmdReporte}) botones->addWidget(b);
@@ -107,10 +106,7 @@ void Don1::ListView1_ColumnClick(int indiceEncabezado) { controles::OrdenaPorCol
 
 void Don1::Command1_Click() {
     globales::NavModo = 0;
-    Don_Edi pantalla(this);
-    pantalla.Lista = this;
-    pantalla.Form_Load();
-    ui::Sistema().MuestraModal(pantalla);
+    MuestraCabecera(this, this);
 }
 
 void Don1::Command2_Click() {
@@ -133,8 +129,11 @@ void Don1::Command3_Click() {
     Refrescar();
 }
 
-// The donation report is not part of this build yet: its button stays disabled.
-void Don1::cmdReporte_Click() {}
+void Don1::cmdReporte_Click() {
+    frmReporteDonaciones pantalla(this);
+    pantalla.Form_Load();
+    ui::Sistema().MuestraModal(pantalla);
+}
 
 void Don1::Command5_Click() { close(); }
 
@@ -142,17 +141,16 @@ void Don1::AbreGenerales() { MuestraGenerales(this, this); }
 
 void Don1::MuestraGenerales(Don1* lista, QWidget* padre) {
     Don_Generales generales(padre);
-    if (lista) {
-        generales.RefrescaDonaciones = [lista] { lista->Refrescar(); };
-        generales.EditaDonacion = [lista] { lista->EditaCabecera(); };
-    }
+    if (lista) generales.RefrescaDonaciones = [lista] { lista->Refrescar(); };
+    // Opened from a report, the head's screen stands over the donation's page, with no list to refresh.
+    generales.EditaDonacion = [lista, &generales] { MuestraCabecera(lista, lista ? static_cast<QWidget*>(lista) : &generales); };
     generales.Form_Load();
     ui::Sistema().MuestraModal(generales);
 }
 
-void Don1::EditaCabecera() {
-    Don_Edi pantalla(this);
-    pantalla.Lista = this;
+void Don1::MuestraCabecera(Don1* lista, QWidget* padre) {
+    Don_Edi pantalla(padre);
+    pantalla.Lista = lista;
     pantalla.Form_Load();
     ui::Sistema().MuestraModal(pantalla);
 }

@@ -28,7 +28,8 @@ public:
     void Form_Load();
     void Refrescar();
     // The page and titles of the donation in hand (NavValor, NavModo 2), over `padre`; with the list of
-    // donations, deleting the donation there refreshes it and "Editar donación" opens its head here.
+    // donations, deleting the donation there refreshes it and "Editar donación" opens its head here; without
+    // it (from a report) the head opens over the page.
     static void MuestraGenerales(Don1* lista, QWidget* padre);
     void ReacomodaTodo();
     void ListView1_DblClick();
@@ -36,13 +37,14 @@ public:
     void Command1_Click();           // Nueva
     void Command2_Click();           // Editar: the titles of the donation
     void Command3_Click();           // Borrar
-    void cmdReporte_Click();
+    void cmdReporte_Click();         // the donations by institution
     void Command5_Click();           // Regresar
 
 private:
     // Fills the list; `habilita` turns the row buttons on when there are rows.
     void Llena(bool habilita);
     void AbreGenerales();
-    // The head of the donation in hand, for a change.
-    void EditaCabecera();
+    // The head's screen over `padre`: a new head (NavModo 0) or the donation in hand's; `lista`, if any, is
+    // refreshed by it.
+    static void MuestraCabecera(Don1* lista, QWidget* padre);
 };

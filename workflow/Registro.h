@@ -3,7 +3,9 @@
 
 namespace flujo {
 
-// Registers "Solicitudes" (the list of purchase requests) with the main window.
+// Registers the workflow's commands with the main window ("Solicitudes", "Pedidos", "Recepcion", the
+// donations), and the screens the reports open by name: "Recep_Libros", "Don_Libros", "Recep_Generales",
+// "Don_Generales".
 void RegistraComandos();
 
 }  // namespace flujo

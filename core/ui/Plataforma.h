@@ -44,6 +44,8 @@ public:
     virtual bool ConfigurarPagina() = 0;                    // ExecWB page set-up; false when cancelled
     virtual bool GuardarPdf(const QString& ruta) = 0;
     virtual QWidget* widget() = 0;
+    // Pages printed or saved as PDF across (landscape) or upright, until changed: wide reports go across.
+    virtual void PaginaApaisada(bool apaisada) = 0;
 };
 
 // The common file dialog: Filter "Texto (*.x)|*.x|...", FilterIndex 1-based, FileName in and out.

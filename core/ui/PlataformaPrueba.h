@@ -59,12 +59,14 @@ public:
     bool ConfigurarPagina() override;
     bool GuardarPdf(const QString& ruta) override;
     QWidget* widget() override { return widget_; }
+    void PaginaApaisada(bool a) override { apaisada = a; }
 
     QString html;
     QString url = QStringLiteral("about:blank");
     int estado = 0;
     QStringList navegaciones;         // every address navigated to
     int impresiones = 0;
+    bool apaisada = false;            // pages across, as last asked
     int configuraciones = 0;
     QStringList pdfs;                 // the paths saved to
     // What the dialogs answer: false as if the user cancelled.

@@ -22,6 +22,8 @@
 #include <QRegularExpression>
 #include <QStringDecoder>
 #include <QTextBrowser>
+#include <QTextDocument>
+#include <QTextFrame>
 #include <QSpacerItem>
 #include <QTimer>
 #include <QTranslator>
@@ -369,9 +371,46 @@ QString DecodificaDocumento(const QByteArray& bytes) {
     return texto;
 }
 
+std::vector<std::pair<qsizetype, qsizetype>> TablasPrincipales(const QString& html) {
+    std::vector<std::pair<qsizetype, qsizetype>> tablas;
+    const auto esEtiqueta = [&html](qsizetype i, QLatin1String nombre) {
+        const qsizetype fin = i + nombre.size();
+        if (html.mid(i, nombre.size()).compare(nombre, Qt::CaseInsensitive) != 0) return false;
+        return fin >= html.size() || !html[fin].isLetterOrNumber();
+    };
+    int profundidad = 0;
+    qsizetype inicio = 0;
+    for (qsizetype i = html.indexOf(u'<'); i >= 0 && i < html.size(); i = html.indexOf(u'<', i + 1)) {
+        if (html.mid(i, 4) == QLatin1String("<!--")) {
+            const qsizetype fin = html.indexOf(QLatin1String("-->"), i + 4);
+            if (fin < 0) break;
+            i = fin + 2;
+            continue;
+        }
+        for (const QLatin1String crudo : {QLatin1String("style"), QLatin1String("script")}) {
+            if (!esEtiqueta(i + 1, crudo)) continue;
+            const qsizetype fin = html.indexOf(QLatin1String("</") + crudo, i + 1, Qt::CaseInsensitive);
+            i = fin < 0 ? html.size() : fin;
+            break;
+        }
+        if (i >= html.size()) break;
+        if (esEtiqueta(i + 1, QLatin1String("table"))) {
+            if (profundidad++ == 0) inicio = i;
+        } else if (esEtiqueta(i + 1, QLatin1String("/table")) && profundidad > 0) {
+            const qsizetype cierre = html.indexOf(u'>', i);
+            if (cierre < 0) break;
+            if (--profundidad == 0) tablas.emplace_back(inicio, cierre + 1);
+        }
+    }
+    return tablas;
+}
+
 VistaHtmlQt::VistaHtmlQt(QWidget* padre) : navegador_(new QTextBrowser(padre)) {
     navegador_->setObjectName(QStringLiteral("VistaHtml"));
     navegador_->setOpenExternalLinks(false);
+    carga_ = new QTimer(navegador_);
+    carga_->setInterval(0);
+    QObject::connect(carga_, &QTimer::timeout, navegador_, [this] { sigueCarga(); });
 }
 
 VistaHtmlQt::~VistaHtmlQt() { delete navegador_.data(); }
@@ -379,6 +418,7 @@ VistaHtmlQt::~VistaHtmlQt() { delete navegador_.data(); }
 QWidget* VistaHtmlQt::widget() { return navegador_; }
 
 void VistaHtmlQt::Navigate(const QString& direccion) {
+    dejaCarga();
     estado_ = 1;
     html_.clear();
     if (direccion.trimmed().compare(u"about:blank", Qt::CaseInsensitive) == 0 || direccion.trimmed().isEmpty()) {
@@ -409,6 +449,7 @@ void VistaHtmlQt::Navigate(const QString& direccion) {
 }
 
 void VistaHtmlQt::DocumentOpen() {
+    dejaCarga();
     html_.clear();
     estado_ = 1;
 }
@@ -416,8 +457,67 @@ void VistaHtmlQt::DocumentOpen() {
 void VistaHtmlQt::DocumentWrite(const QString& html) { html_ += html; }
 
 void VistaHtmlQt::DocumentClose() {
-    if (navegador_) navegador_->setHtml(html_);
+    dejaCarga();
     estado_ = 4;
+    if (!navegador_) return;
+    std::vector<std::pair<qsizetype, qsizetype>> tablas;
+    if (html_.size() >= LargoProgresivo) tablas = TablasPrincipales(html_);
+    if (tablas.size() < 3) {
+        navegador_->setHtml(html_);
+        return;
+    }
+    // The first table and what follows the last now; each table between, with the text before it, later.
+    // The pieces read the page's style from the document, as the first part reads it from its head.
+    QString estilo;
+    const qsizetype primera = tablas.front().first;
+    for (qsizetype i = html_.indexOf(QLatin1String("<style"), 0, Qt::CaseInsensitive); i >= 0 && i < primera;
+         i = html_.indexOf(QLatin1String("<style"), i + 1, Qt::CaseInsensitive)) {
+        const qsizetype desde = html_.indexOf(u'>', i);
+        const qsizetype hasta = html_.indexOf(QLatin1String("</style"), i, Qt::CaseInsensitive);
+        if (desde < 0 || hasta < desde) break;
+        estilo += html_.mid(desde + 1, hasta - desde - 1);
+    }
+    navegador_->document()->setDefaultStyleSheet(estilo);
+    const size_t ultima = tablas.size() - 1;
+    navegador_->setHtml(html_.left(tablas.front().second) + html_.mid(tablas[ultima - 1].second));
+    for (size_t t = 1; t < ultima; ++t)
+        pendientes_.push_back(html_.mid(tablas[t - 1].second, tablas[t].second - tablas[t - 1].second));
+    // Right after the first table, in the document as shown.
+    const QList<QTextFrame*> marcos = navegador_->document()->rootFrame()->childFrames();
+    if (marcos.isEmpty()) {
+        pendientes_.clear();
+        navegador_->setHtml(html_);
+        return;
+    }
+    cursorPendiente_ = QTextCursor(navegador_->document());
+    cursorPendiente_.setPosition(marcos.front()->lastPosition() + 1);
+    estado_ = 3;
+    carga_->start();
+}
+
+void VistaHtmlQt::sigueCarga() {
+    if (pendientes_.empty() || !navegador_) {
+        dejaCarga();
+        estado_ = 4;
+        return;
+    }
+    cursorPendiente_.insertHtml(pendientes_.front());
+    pendientes_.pop_front();
+    if (pendientes_.empty()) {
+        carga_->stop();
+        estado_ = 4;
+    }
+}
+
+void VistaHtmlQt::terminaCarga() {
+    while (!pendientes_.empty()) sigueCarga();
+}
+
+void VistaHtmlQt::dejaCarga() {
+    if (carga_) carga_->stop();
+    pendientes_.clear();
+    cursorPendiente_ = QTextCursor();
+    if (navegador_) navegador_->document()->setDefaultStyleSheet(QString());
 }
 
 QPrinter& VistaHtmlQt::impresora() {
@@ -427,6 +527,7 @@ QPrinter& VistaHtmlQt::impresora() {
 
 bool VistaHtmlQt::Imprimir(bool conDialogo) {
     if (!navegador_) return false;
+    terminaCarga();
     QPrinter& p = impresora();
     if (conDialogo) {
         QPrintDialog dialogo(&p, navegador_);
@@ -436,6 +537,10 @@ bool VistaHtmlQt::Imprimir(bool conDialogo) {
     return true;
 }
 
+void VistaHtmlQt::PaginaApaisada(bool apaisada) {
+    impresora().setPageOrientation(apaisada ? QPageLayout::Landscape : QPageLayout::Portrait);
+}
+
 bool VistaHtmlQt::ConfigurarPagina() {
     QPageSetupDialog dialogo(&impresora(), navegador_);
     return dialogo.exec() == QDialog::Accepted;
@@ -443,6 +548,7 @@ bool VistaHtmlQt::ConfigurarPagina() {
 
 bool VistaHtmlQt::GuardarPdf(const QString& ruta) {
     if (!navegador_) return false;
+    terminaCarga();
     QPrinter pdf(QPrinter::HighResolution);
     pdf.setOutputFormat(QPrinter::PdfFormat);
     pdf.setOutputFileName(ruta);

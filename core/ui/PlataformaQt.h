@@ -5,8 +5,13 @@
 #include <QPointer>
 #include <QStringList>
 #include <QTextBrowser>
+#include <QTextCursor>
+#include <deque>
+#include <utility>
+#include <vector>
 
 class QPrinter;
+class QTimer;
 
 namespace ui {
 
@@ -50,8 +55,16 @@ QString ExtensionDelFiltro(const QString& filtro, int indiceFiltro);
 // bytes are valid UTF-8 and Windows-1252 otherwise.
 QString DecodificaDocumento(const QByteArray& bytes);
 
-// The embedded document view on QTextBrowser. Loading is synchronous: ReadyState is 4 as soon as Navigate or
-// DocumentClose returns.
+// The top-level tables of a page, each as [start, end) in the text: "<table ...>" to past its "</table>", not
+// inside another table; the scan skips comments and the text of style and script elements.
+std::vector<std::pair<qsizetype, qsizetype>> TablasPrincipales(const QString& html);
+
+// The embedded document view on QTextBrowser. Loading a file is synchronous: ReadyState is 4 as soon as
+// Navigate returns. A page written is too, unless it is long and made of many tables side by side (a report of
+// thousands of rows in blocks): the view then shows at once its first table with what follows its last, and
+// puts the tables between in their place one per turn of the event loop, ReadyState 3 meanwhile; a view lays
+// out a long table only as a whole, so the analyst would otherwise wait for all of it. Printing and saving as
+// PDF put in what is left first; a new page drops it.
 class VistaHtmlQt : public VistaHtml {
 public:
     explicit VistaHtmlQt(QWidget* padre);
@@ -68,16 +81,28 @@ public:
     bool ConfigurarPagina() override;
     bool GuardarPdf(const QString& ruta) override;
     QWidget* widget() override;
+    void PaginaApaisada(bool apaisada) override;
 
     QTextBrowser* navegador() const { return navegador_; }
 
+    // The pages written from this length on are shown as they are read, when they have tables enough.
+    static constexpr qsizetype LargoProgresivo = 200000;
+
 private:
     QPrinter& impresora();
+    // Puts the next table of a long page in its place; the last one completes the page.
+    void sigueCarga();
+    void terminaCarga();
+    void dejaCarga();
     QPointer<QTextBrowser> navegador_;
     std::unique_ptr<QPrinter> impresora_;
     QString html_;
     QString url_;
     int estado_ = 0;
+    // A long page being shown: what is left of it, in order, and where it goes.
+    std::deque<QString> pendientes_;
+    QTextCursor cursorPendiente_;
+    QPointer<QTimer> carga_;
 };
 
 }  // namespace ui

@@ -2,6 +2,7 @@
 // and the parts of the Qt platform that run without a person: filters, documents, the embedded view.
 #include "ayuda_ui.h"
 
+#include "core/ui/Ficha.h"
 #include "core/ui/PlataformaQt.h"
 
 #include <QDialog>
@@ -16,6 +17,7 @@
 #include <QLineEdit>
 #include <QRegularExpression>
 #include <QTextBrowser>
+#include <QTextDocument>
 #include <QVBoxLayout>
 #include <stdexcept>
 
@@ -236,6 +238,83 @@ TEST(PlataformaQt, VistaSobreQTextBrowser) {
         EXPECT_FALSE(ip.startsWith(QStringLiteral("127.")));
     }
     EXPECT_EQ(qt.RutaPrograma(), QCoreApplication::applicationDirPath());
+}
+
+TEST(PlataformaQt, TablasPrincipalesDeUnaPagina) {
+    const QString pagina = QStringLiteral(
+        "<html><head><style>table { border: 0 } /* <table> */</style></head><body>"
+        "<TABLE border=1><tr><td><table><tr><td>dentro</td></tr></table></td></tr></TABLE>"
+        "<!-- <table> en un comentario --><tablero>no</tablero>"
+        "<table><tr><td>dos</td></tr></table><p>fin</p></body></html>");
+    const auto tablas = ui::TablasPrincipales(pagina);
+    ASSERT_EQ(tablas.size(), 2u);
+    const auto texto = [&pagina](std::pair<qsizetype, qsizetype> t) { return pagina.mid(t.first, t.second - t.first); };
+    EXPECT_TRUE(texto(tablas[0]).startsWith(QStringLiteral("<TABLE border=1>")));
+    EXPECT_TRUE(texto(tablas[0]).endsWith(QStringLiteral("</td></tr></TABLE>")));
+    EXPECT_EQ(texto(tablas[1]), QStringLiteral("<table><tr><td>dos</td></tr></table>"));
+    // A table left open has no end to give.
+    EXPECT_TRUE(ui::TablasPrincipales(QStringLiteral("<table><tr><td>x")).empty());
+}
+
+// A long page of many tables shows its first table and its end at once, and the tables between as the
+// event loop turns; once complete it reads as the same page loaded whole.
+TEST(PlataformaQt, PaginaLargaSeMuestraMientrasSeLee) {
+    QString pagina = QStringLiteral("<html><head><style>td { color: #123456; }</style></head><body><h3>Listado</h3>");
+    int fila = 0;
+    for (int t = 0; t < 40; ++t) {
+        pagina += QStringLiteral("<table border=1>");
+        for (int r = 0; r < 50; ++r, ++fila)
+            pagina += QStringLiteral("<tr><td>fila %1</td><td>%2</td></tr>\r\n").arg(fila).arg(QString(70, u'x'));
+        pagina += QStringLiteral("</table>");
+    }
+    pagina += QStringLiteral("<p>Antes del pie</p><table><tr><td>Pie</td></tr></table></body></html>");
+    ASSERT_GE(pagina.size(), ui::VistaHtmlQt::LargoProgresivo);
+
+    QWidget padre;
+    ui::VistaHtmlQt vista(&padre);
+    const auto escribe = [&vista, &pagina] {
+        vista.Navigate(QStringLiteral("about:blank"));
+        vista.DocumentOpen();
+        vista.DocumentWrite(pagina);
+        vista.DocumentClose();
+    };
+    const auto lineas = [](const QString& texto) {
+        QStringList r = texto.split(u'\n');
+        r.removeAll(QString());
+        return r;
+    };
+    escribe();
+    EXPECT_EQ(vista.ReadyState(), 3);
+    const QString inicio = vista.navegador()->toPlainText();
+    EXPECT_TRUE(inicio.contains(QStringLiteral("fila 49\n")));
+    EXPECT_FALSE(inicio.contains(QStringLiteral("fila 50\n")));
+    EXPECT_TRUE(inicio.contains(QStringLiteral("Antes del pie")));
+    EXPECT_EQ(vista.DocumentHtml(), pagina);
+    EXPECT_TRUE(ui::EsperaVista(vista));
+    QTextBrowser entera;
+    entera.setHtml(pagina);
+    EXPECT_EQ(lineas(vista.navegador()->toPlainText()), lineas(entera.toPlainText()));
+    // The tables put in later have the page's style too.
+    const QTextCursor ultima = vista.navegador()->document()->find(QStringLiteral("fila 1999"));
+    ASSERT_FALSE(ultima.isNull());
+    EXPECT_EQ(ultima.charFormat().foreground().color(), QColor(0x12, 0x34, 0x56));
+
+    // Saving as PDF puts in what is left first; a new page drops it.
+    QTemporaryDir dir;
+    escribe();
+    ASSERT_TRUE(vista.GuardarPdf(dir.filePath(QStringLiteral("largo.pdf"))));
+    EXPECT_EQ(vista.ReadyState(), 4);
+    EXPECT_TRUE(vista.navegador()->toPlainText().contains(QStringLiteral("fila 1999")));
+    escribe();
+    vista.Navigate(QStringLiteral("about:blank"));
+    EXPECT_EQ(vista.ReadyState(), 4);
+    QCoreApplication::processEvents();
+    EXPECT_TRUE(vista.navegador()->toPlainText().isEmpty());
+    // A short page loads whole at once.
+    vista.DocumentOpen();
+    vista.DocumentWrite(QStringLiteral("<table><tr><td>a</td></tr></table><table><tr><td>b</td></tr></table><table></table>"));
+    vista.DocumentClose();
+    EXPECT_EQ(vista.ReadyState(), 4);
 }
 
 TEST(PlataformaQt, FocoSiguienteDespuesDelManejador) {
