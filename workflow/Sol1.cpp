@@ -1,10 +1,10 @@
 #include "workflow/Sol1.h"
 
 #include "core/Datos.h"
-#include "core/FormPrincipal.h"
 #include "core/Globales.h"
 #include "core/controles/ListView.h"
 #include "core/controles/TimerReacomodo.h"
+#include "core/ui/Aperturas.h"
 #include "core/ui/Plataforma.h"
 #include "core/vb/Cadenas.h"
 #include "core/vb/Error.h"
@@ -191,14 +191,8 @@ void Sol1::cmdAgregarTitulos_Click() {
 }
 
 void Sol1::BtnImportarSolicitud_Click() {
-    // The import screen belongs to data exchange, which stands above this library: the main window opens it
-    // by its registered name.
-    for (QWidget* w = this; w; w = w->parentWidget()) {
-        if (auto* principal = qobject_cast<FormPrincipal*>(w)) {
-            principal->Ejecuta(QStringLiteral("FrmImportaSolicitud"));
-            return;
-        }
-    }
+    // The import belongs to data exchange, which stands above this library: opened by its registered name.
+    ui::AbrePantalla(QStringLiteral("FrmImportaSolicitud"), this);
 }
 
 void Sol1::Command3_Click() {

@@ -3,7 +3,7 @@
 // or a workbook can be wrong, each ending in its box with nothing written.
 #include "ayuda_intercambio.h"
 
-#include "core/FormPrincipal.h"
+#include "core/ui/Aperturas.h"
 #include "core/controles/ComboBox.h"
 #include "core/controles/ListView.h"
 #include "exchange/FrmImportaSolicitud.h"
@@ -371,11 +371,10 @@ TEST_F(PruebaImportacion, LibrosMalosDanSuCajaYNoCarganNada) {
 
 // ---- Reached from the list of requests -----------------------------------------------------------------------
 
-TEST_F(PruebaImportacion, Sol1AbreLaImportacionPorElRegistroDeLaVentanaPrincipal) {
+TEST_F(PruebaImportacion, Sol1AbreLaImportacionPorSuNombre) {
     intercambio::RegistraComandos();
-    ASSERT_TRUE(FormPrincipal::PantallaDisponible(QStringLiteral("FrmImportaSolicitud")));
-    FormPrincipal principal;
-    Sol1 lista(&principal);
+    ASSERT_TRUE(ui::AperturaDisponible(QStringLiteral("FrmImportaSolicitud")));
+    Sol1 lista;
     lista.Form_Load();
     sistema->AlMostrar(QStringLiteral("FrmImportaSolicitud"), [](QDialog& d) {
         auto& f = static_cast<FrmImportaSolicitud&>(d);
