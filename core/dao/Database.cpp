@@ -516,9 +516,14 @@ std::unique_ptr<Database> Database::CreateDatabase(const QString& ruta, const QS
 QString Database::adjunta(const QString& ruta) {
     QString r = ruta;
     r.replace(u'\\', u'/');
-    const Formato f = FormatoDe(r);
-    if (f == Formato::Inexistente) Lanza(ErrArchivoNoEncontrado, QDir::toNativeSeparators(r));
-    if (f != Formato::Sqlite) RechazaFormato(r, f);
+    // A file this process has open (the main database itself, a new exchange file the export keeps open) is
+    // known to be a database; reading its header with a descriptor of our own would drop, on closing it,
+    // every lock this process holds on the file.
+    if (!QFileInfo::exists(r) || !Abiertas().contains(Canonica(r))) {
+        const Formato f = FormatoDe(r);
+        if (f == Formato::Inexistente) Lanza(ErrArchivoNoEncontrado, QDir::toNativeSeparators(r));
+        if (f != Formato::Sqlite) RechazaFormato(r, f);
+    }
     const QString esquema = QStringLiteral("ext%1").arg(adjuntas_.size() + 1);
     sqlite3_stmt* st = nullptr;
     const QByteArray sql = QStringLiteral("ATTACH DATABASE ?1 AS %1").arg(esquema).toUtf8();
