@@ -10,6 +10,7 @@
 #include "core/LineaComandos.h"
 #include "core/ui/Plataforma.h"
 #include "core/ui/PlataformaQt.h"
+#include "exchange/Registro.h"
 #include "finance/Registro.h"
 #include "reports/Registro.h"
 #include "workflow/Registro.h"
@@ -30,6 +31,7 @@ int main(int argc, char** argv) {
     reportes::RegistraComandos();
     flujo::RegistraComandos();
     finanzas::RegistraComandos();
+    intercambio::RegistraComandos();
 
     QStringList argumentos = app.arguments().mid(1);
     QString captura, abrir;

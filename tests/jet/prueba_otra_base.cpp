@@ -123,6 +123,25 @@ TEST_F(OtraBase, LosValoresTomanElTipoDelCampoDeDestino) {
     EXPECT_EQ(filasDe(archivo, "SELECT Count(*) FROM Destino"), QStringList{"2"});
 }
 
+// The rows of a table copied by a * into a table of fewer fields: what the target lacks stays behind. A column
+// named in the list, or one whose absence would change the rows (DISTINCT), is still unknown to the target.
+TEST_F(OtraBase, UnaEstrellaEnUnaTablaDeMenosCampos) {
+    const QString archivo = archivoConTabla(QStringLiteral("menos.exp"),
+                                            {{"Titulo", dao::dbText, 100}, {"ClaveLibro", dao::dbLong, 0}},
+                                            QStringLiteral("Solicitudes Libros"));
+    ejecuta("INSERT INTO [Solicitudes Libros] IN '" + archivo + "' SELECT L.* FROM [Solicitudes General] G INNER JOIN "
+            "[Solicitudes Libros] L ON L.NoSolicitud = G.NoSolicitud WHERE G.NoSolicitud BETWEEN 1 AND 10");
+    EXPECT_EQ(db->RecordsAffected(), 2);
+    EXPECT_EQ(filasDe(archivo, "SELECT * FROM [Solicitudes Libros] ORDER BY ClaveLibro"), (QStringList{"Cálculo|11", "Álgebra|12"}));
+    EXPECT_EQ(error("INSERT INTO [Solicitudes Libros] IN '" + archivo + "' SELECT ClaveLibro, Autor FROM [Solicitudes Libros]"),
+              jet::ErrCampoInsertDesconocido);
+    EXPECT_EQ(error("INSERT INTO [Solicitudes Libros] IN '" + archivo + "' SELECT DISTINCT * FROM [Solicitudes Libros]"),
+              jet::ErrCampoInsertDesconocido);
+    EXPECT_EQ(error("INSERT INTO [Solicitudes Libros] IN '" + archivo + "' SELECT * FROM Bibliotecas"),
+              jet::ErrCampoInsertDesconocido);
+    EXPECT_EQ(filasDe(archivo, "SELECT Count(*) FROM [Solicitudes Libros]"), QStringList{"2"});
+}
+
 TEST_F(OtraBase, RutasQueNoSirven) {
     // An apostrophe ends the file's name where it stands: the rest is a syntax error, and no file is made.
     const QString conApostrofo = ruta("O'Brien.exp");
