@@ -21,6 +21,7 @@
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPushButton>
+#include <QScreen>
 #include <QVBoxLayout>
 
 namespace {
@@ -108,39 +109,36 @@ frmImportar::frmImportar(QWidget* padre) : QDialog(padre) {
     vista->addLayout(rotuloVista);
     if (WebBrowser1 && WebBrowser1->widget()) vista->addWidget(WebBrowser1->widget(), 1);
 
-    // The file, what it holds and the range on the left; the preview fills the rest.
-    auto* panel = new QWidget(this);
-    panel->setMaximumWidth(380);
-    auto* izquierda = new QVBoxLayout(panel);
-    izquierda->setContentsMargins(0, 0, 0, 0);
-    izquierda->addWidget(new QLabel(QStringLiteral("Archivo:"), this));
-    auto* archivo = new QHBoxLayout;
-    archivo->addWidget(txtArchivo, 1);
-    archivo->addWidget(Command3);
-    izquierda->addLayout(archivo);
-    izquierda->addWidget(picEstatus);
-    auto* rango = new QGridLayout;
-    rango->addWidget(new QLabel(QStringLiteral("Solicitud inicial"), this), 0, 0);
-    rango->addWidget(txtInicio, 0, 1);
-    rango->addWidget(new QLabel(QStringLiteral("Solicitud final"), this), 1, 0);
-    rango->addWidget(txtFinal, 1, 1);
-    izquierda->addLayout(rango);
-    auto* previa = new QHBoxLayout;
-    previa->addStretch(1);
-    previa->addWidget(cmdPreview);
-    izquierda->addLayout(previa);
-    izquierda->addStretch(1);
+    // The file and the range on the left, what the file holds beside them; the preview below, at the
+    // screen's whole width, which its ten columns want.
+    auto* datos = new QGridLayout;
+    datos->addWidget(new QLabel(QStringLiteral("Archivo:"), this), 0, 0);
+    datos->addWidget(txtArchivo, 0, 1, 1, 3);
+    datos->addWidget(Command3, 0, 4);
+    datos->addWidget(new QLabel(QStringLiteral("Solicitud inicial"), this), 1, 0);
+    datos->addWidget(txtInicio, 1, 1);
+    datos->addWidget(new QLabel(QStringLiteral("Solicitud final"), this), 1, 2);
+    datos->addWidget(txtFinal, 1, 3);
+    datos->addWidget(cmdPreview, 1, 4);
+    datos->setColumnStretch(1, 1);
+    datos->setColumnStretch(3, 1);
+    datos->setRowStretch(2, 1);
+    auto* arriba = new QHBoxLayout;
+    arriba->addLayout(datos, 1);
+    arriba->addWidget(picEstatus);
+    picEstatus->setMinimumWidth(280);
     auto* botones = new QHBoxLayout;
     botones->addStretch(1);
     botones->addWidget(Command1);
     botones->addWidget(Command2);
-    auto* arriba = new QHBoxLayout;
-    arriba->addWidget(panel);
-    arriba->addWidget(Frame4, 1);
     auto* todo = new QVBoxLayout(this);
-    todo->addLayout(arriba, 1);
+    todo->addLayout(arriba);
+    todo->addWidget(Frame4, 1);
     todo->addLayout(botones);
-    resize(1040, 640);
+    // The preview's ten columns want the width; a small screen gets what it has.
+    QSize tamano(1280, 720);
+    if (const QScreen* pantalla = screen()) tamano = tamano.boundedTo(pantalla->availableSize() * 0.95);
+    resize(tamano);
 
     Timer5 = new controles::TimerReacomodo(this, [this] { ReacomodaTodo(); });
     Timer5->setObjectName(QStringLiteral("Timer5"));
