@@ -222,38 +222,28 @@ void frmExportacion::CrearEstruc(const QString& Ruta) {
     const QString i = txtInicio->text();
     const QString f = txtFinal->text();
     const QString en = QStringLiteral(" IN '") + Ruta + QStringLiteral("' ");
-    QStringList sentencias;
-    if (solicitudes) {
-        sentencias << QStringLiteral("INSERT INTO [Solicitudes General]") + en +
-                          QStringLiteral("SELECT SG.* FROM [Solicitudes General] SG  WHERE SG.NoSolicitud BETWEEN ") + i +
-                          QStringLiteral(" AND ") + f
-                   << QStringLiteral("INSERT INTO [Solicitudes Libros]") + en +
-                          QStringLiteral("SELECT L.* FROM [Solicitudes General] G INNER JOIN [Solicitudes Libros] L ON "
-                                         "L.NoSolicitud = G.NoSolicitud WHERE G.NoSolicitud BETWEEN ") +
-                          i + QStringLiteral(" AND ") + f
-                   << QStringLiteral("INSERT INTO [Adquisiciones Numadqui]") + en +
-                          QStringLiteral("SELECT N.* FROM [Solicitudes General] G INNER JOIN ([Solicitudes Libros] L  INNER "
-                                         "JOIN [Adquisiciones Numadqui] N ON L.ClaveLibro = N.ClaveLibro) ON L.NoSolicitud = "
-                                         "G.NoSolicitud WHERE G.NoSolicitud BETWEEN ") +
-                          i + QStringLiteral(" AND ") + f;
-    } else {
-        sentencias << QStringLiteral("INSERT INTO [Donaciones General]") + en +
-                          QStringLiteral("SELECT * FROM [Donaciones General] WHERE NoDonacion BETWEEN ") + i +
-                          QStringLiteral(" AND ") + f
-                   << QStringLiteral("INSERT INTO [Donaciones Libros]") + en +
-                          QStringLiteral("SELECT L.* FROM [Donaciones General] G INNER JOIN [Donaciones Libros] L ON "
-                                         "L.NoDonacion = G.NoDonacion WHERE G.NoDonacion BETWEEN ") +
-                          i + QStringLiteral(" AND ") + f
-                   << QStringLiteral("INSERT INTO [Adquisiciones Numadqui]") + en +
-                          QStringLiteral("SELECT N.* FROM [Donaciones General] G INNER JOIN ([Donaciones Libros] L  INNER "
-                                         "JOIN [Adquisiciones Numadqui] N ON L.ClaveLibro = N.ClaveLibro) ON L.NoDonacion = "
-                                         "G.NoDonacion WHERE G.NoDonacion BETWEEN ") +
-                          i + QStringLiteral(" AND ") + f;
-    }
+    // Each table of the set with the rows of the range it receives, verbatim: the range goes in unchecked.
+    static const char* const copias[2][3][2] = {
+        {{"[Solicitudes General]", "SELECT SG.* FROM [Solicitudes General] SG  WHERE SG.NoSolicitud BETWEEN "},
+         {"[Solicitudes Libros]", "SELECT L.* FROM [Solicitudes General] G INNER JOIN [Solicitudes Libros] L ON "
+                                  "L.NoSolicitud = G.NoSolicitud WHERE G.NoSolicitud BETWEEN "},
+         {"[Adquisiciones Numadqui]", "SELECT N.* FROM [Solicitudes General] G INNER JOIN ([Solicitudes Libros] L  INNER JOIN "
+                                      "[Adquisiciones Numadqui] N ON L.ClaveLibro = N.ClaveLibro) ON L.NoSolicitud = "
+                                      "G.NoSolicitud WHERE G.NoSolicitud BETWEEN "}},
+        {{"[Donaciones General]", "SELECT * FROM [Donaciones General] WHERE NoDonacion BETWEEN "},
+         {"[Donaciones Libros]", "SELECT L.* FROM [Donaciones General] G INNER JOIN [Donaciones Libros] L ON L.NoDonacion = "
+                                 "G.NoDonacion WHERE G.NoDonacion BETWEEN "},
+         {"[Adquisiciones Numadqui]", "SELECT N.* FROM [Donaciones General] G INNER JOIN ([Donaciones Libros] L  INNER JOIN "
+                                      "[Adquisiciones Numadqui] N ON L.ClaveLibro = N.ClaveLibro) ON L.NoDonacion = "
+                                      "G.NoDonacion WHERE G.NoDonacion BETWEEN "}},
+    };
     dao::Database& base = globales::Base();
     long long filas[3] = {0, 0, 0};
     for (int k = 0; k < 3; ++k) {
-        base.Execute(sentencias[k], dao::dbFailOnError);
+        const auto& copia = copias[solicitudes ? 0 : 1][k];
+        base.Execute(QStringLiteral("INSERT INTO ") + QString::fromUtf8(copia[0]) + en + QString::fromUtf8(copia[1]) + i +
+                         QStringLiteral(" AND ") + f,
+                     dao::dbFailOnError);
         filas[k] = base.RecordsAffected();
         TotalExportados += filas[k];
     }

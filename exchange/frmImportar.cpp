@@ -23,6 +23,7 @@
 #include <QPushButton>
 #include <QScreen>
 #include <QVBoxLayout>
+#include <functional>
 
 namespace {
 
@@ -35,7 +36,8 @@ const QString mascaraFecha = QStringLiteral("yyyy/mm/dd hh:mm:ss");
 bool ExisteArchivo(const QString& ruta) { return !ruta.isEmpty() && QFileInfo(ruta).isFile(); }
 
 // A field's value as the statements join it in: Null leaves nothing.
-QString Dato(dao::Recordset& rs, const char* campo) { return rs.Fields(QString::fromUtf8(campo)).Value().text(); }
+QString Dato(dao::Recordset& rs, const QString& campo) { return rs.Fields(campo).Value().text(); }
+QString Dato(dao::Recordset& rs, const char* campo) { return Dato(rs, QString::fromUtf8(campo)); }
 QString Fecha(dao::Recordset& rs, const char* campo, const QString& mascara) {
     return vb::Format(rs.Fields(QString::fromUtf8(campo)).Value(), mascara);
 }
@@ -316,112 +318,113 @@ void frmImportar::Command1_Click() {
     close();
 }
 
+// What the import runs for one set, requests or donations: the loops are the same, the statements differ.
+struct frmImportar::PasosImportacion {
+    QString cabezas, ordenCabezas;        // the heads of the range: cabezas <i> AND <f> ordenCabezas
+    QString campoCabeza;                  // the head's number
+    QString ultimaCabeza, cabezaLeida;    // the last head's number here, before and after the insert
+    std::function<QString(dao::Recordset& cabeza, long nuevo)> insertaCabeza;
+    QString titulos;                      // the titles of a head of the file: titulos <old number>
+    QString ultimoTitulo, tituloLeido;    // the last title's key here, before and after the insert
+    std::function<QString(dao::Recordset& titulo, long clave, long nuevo)> insertaTitulo;
+    bool ejemplaresCompletos;
+};
+
 void frmImportar::Importar(const QString& Ruta) {
     Q_UNUSED(Ruta);
     List1->clear();
-    if (EsDonacion)
-        ImportaDonaciones(txtInicio->text(), txtFinal->text());
-    else
-        ImportaSolicitudes(txtInicio->text(), txtFinal->text());
-}
-
-void frmImportar::ImportaSolicitudes(const QString& i, const QString& f) {
-    dao::Database& base = globales::Base();
-    bool status = false;
-    auto solicitudes = BaseExportada->OpenRecordset(QStringLiteral("SELECT * FROM [Solicitudes General] WHERE NoSolicitud BETWEEN ") +
-                                                    i + QStringLiteral(" AND ") + f + QStringLiteral(" ORDER BY NoSolicitud"));
-    while (!solicitudes->Eof()) {
-        dao::Recordset& s = *solicitudes;
-        const QString viejo = Dato(s, "NoSolicitud");
-        long nuevo = BuscaUltimo(QStringLiteral("Select TOP 1 NoSolicitud  From [Solicitudes general] ORDER BY NoSolicitud DESC"),
-                                 QStringLiteral("NoSolicitud"), status) + 1;
-        base.Execute(QStringLiteral("INSERT INTO [Solicitudes General] (NoSolicitud, Fecha, Solicitante, NoEscuela, NoBiblioteca, "
-                                    "Estado) VALUES (") +
-                         QString::number(nuevo) + QStringLiteral(",  '") + Fecha(s, "Fecha", mascaraFecha) +
-                         QStringLiteral("', '") + Dato(s, "Solicitante") + QStringLiteral("', ") + Dato(s, "NoEscuela") +
-                         QStringLiteral(", ") + Dato(s, "NoBiblioteca") + QStringLiteral(" ,'") + Dato(s, "Estado") +
-                         QStringLiteral("')"),
-                     dao::dbFailOnError);
-        nuevo = BuscaUltimo(QStringLiteral("SELECT TOP 1 * FROM [Solicitudes General] ORDER BY NoSolicitud DESC"),
-                            QStringLiteral("NoSolicitud"), status);
-
-        auto libros = BaseExportada->OpenRecordset(QStringLiteral("SELECT * FROM [Solicitudes Libros] WHERE NoSolicitud=") + viejo);
-        while (!libros->Eof()) {
-            dao::Recordset& l = *libros;
-            const QString claveVieja = Dato(l, "ClaveLibro");
-            const long clave = BuscaUltimo(QStringLiteral("SELECT TOP 1 * FROM [Solicitudes Libros] ORDER BY ClaveLibro DESC"),
-                                           QStringLiteral("ClaveLibro"), status) + 1;
+    static const PasosImportacion solicitudes{
+        QStringLiteral("SELECT * FROM [Solicitudes General] WHERE NoSolicitud BETWEEN "),
+        QStringLiteral(" ORDER BY NoSolicitud"),
+        QStringLiteral("NoSolicitud"),
+        QStringLiteral("Select TOP 1 NoSolicitud  From [Solicitudes general] ORDER BY NoSolicitud DESC"),
+        QStringLiteral("SELECT TOP 1 * FROM [Solicitudes General] ORDER BY NoSolicitud DESC"),
+        [](dao::Recordset& s, long nuevo) {
+            return QStringLiteral("INSERT INTO [Solicitudes General] (NoSolicitud, Fecha, Solicitante, NoEscuela, NoBiblioteca, "
+                                  "Estado) VALUES (") +
+                   QString::number(nuevo) + QStringLiteral(",  '") + Fecha(s, "Fecha", mascaraFecha) + QStringLiteral("', '") +
+                   Dato(s, "Solicitante") + QStringLiteral("', ") + Dato(s, "NoEscuela") + QStringLiteral(", ") +
+                   Dato(s, "NoBiblioteca") + QStringLiteral(" ,'") + Dato(s, "Estado") + QStringLiteral("')");
+        },
+        QStringLiteral("SELECT * FROM [Solicitudes Libros] WHERE NoSolicitud="),
+        QStringLiteral("SELECT TOP 1 * FROM [Solicitudes Libros] ORDER BY ClaveLibro DESC"),
+        QStringLiteral("SELECT TOP 1 * FROM [Solicitudes Libros] ORDER BY ClaveLibro DESC"),
+        [](dao::Recordset& l, long clave, long nuevo) {
             const QString inicio = QString::number(clave) + QStringLiteral(", '");
-            QString sql;
-            if (l.Fields(QStringLiteral("Fecha de Recepcion")).Value().isNull()) {
+            const QString fin = QStringLiteral("', ") + QString::number(nuevo) + QStringLiteral(")");
+            if (l.Fields(QStringLiteral("Fecha de Recepcion")).Value().isNull())
                 // Texts go in as they were read: an apostrophe breaks the statement.
-                sql = QStringLiteral("INSERT INTO [Solicitudes Libros] (ClaveLibro, Titulo, Autor, [Ejemplares pedidos], NoEditorial, "
-                                     "Edicion, [Ejemplares recibidos], Costo, Factura, Estado, NoSolicitud) VALUES (") +
-                      inicio + Dato(l, "Titulo") + QStringLiteral("', '") + Dato(l, "Autor") + QStringLiteral("', ") +
-                      Dato(l, "Ejemplares pedidos") + QStringLiteral(", ") + Dato(l, "NoEditorial") + QStringLiteral(", ") +
-                      Dato(l, "Edicion") + QStringLiteral(", ") + Dato(l, "Ejemplares recibidos") + QStringLiteral(", ") +
-                      Dato(l, "Costo") + QStringLiteral(", '") + Dato(l, "Factura") + QStringLiteral("', '") +
-                      Dato(l, "Estado") + QStringLiteral("', ") + QString::number(nuevo) + QStringLiteral(")");
-            } else {
-                sql = QStringLiteral("INSERT INTO [Solicitudes Libros] (ClaveLibro, Titulo, Autor, [Ejemplares pedidos], NoEditorial, "
-                                     "Edicion, [Fecha de Recepcion], [Ejemplares recibidos], Costo, Factura, Estado, NoSolicitud) "
-                                     "VALUES (") +
-                      inicio + Datos::DuplicaComillas(Dato(l, "Titulo")) + QStringLiteral("', '") +
-                      Datos::DuplicaComillas(Dato(l, "Autor")) + QStringLiteral("', ") + Dato(l, "Ejemplares pedidos") +
-                      QStringLiteral(", ") + Dato(l, "NoEditorial") + QStringLiteral(", ") + Dato(l, "Edicion") +
-                      QStringLiteral(", #") + Fecha(l, "Fecha de Recepcion", mascaraFecha) + QStringLiteral("#, ") +
-                      Dato(l, "Ejemplares recibidos") + QStringLiteral(", ") + Dato(l, "Costo") + QStringLiteral(", '") +
-                      Datos::DuplicaComillas(Dato(l, "Factura")) + QStringLiteral("', '") + Dato(l, "Estado") +
-                      QStringLiteral("', ") + QString::number(nuevo) + QStringLiteral(")");
-            }
-            base.Execute(sql, dao::dbFailOnError);
-            const long claveNueva = BuscaUltimo(QStringLiteral("SELECT TOP 1 * FROM [Solicitudes Libros] ORDER BY ClaveLibro DESC"),
-                                                QStringLiteral("ClaveLibro"), status);
-            ImportaEjemplares(claveVieja, claveNueva, true);
-            libros->MoveNext();
-        }
-        solicitudes->MoveNext();
-    }
+                return QStringLiteral("INSERT INTO [Solicitudes Libros] (ClaveLibro, Titulo, Autor, [Ejemplares pedidos], "
+                                      "NoEditorial, Edicion, [Ejemplares recibidos], Costo, Factura, Estado, NoSolicitud) "
+                                      "VALUES (") +
+                       inicio + Dato(l, "Titulo") + QStringLiteral("', '") + Dato(l, "Autor") + QStringLiteral("', ") +
+                       Dato(l, "Ejemplares pedidos") + QStringLiteral(", ") + Dato(l, "NoEditorial") + QStringLiteral(", ") +
+                       Dato(l, "Edicion") + QStringLiteral(", ") + Dato(l, "Ejemplares recibidos") + QStringLiteral(", ") +
+                       Dato(l, "Costo") + QStringLiteral(", '") + Dato(l, "Factura") + QStringLiteral("', '") +
+                       Dato(l, "Estado") + fin;
+            return QStringLiteral("INSERT INTO [Solicitudes Libros] (ClaveLibro, Titulo, Autor, [Ejemplares pedidos], NoEditorial, "
+                                  "Edicion, [Fecha de Recepcion], [Ejemplares recibidos], Costo, Factura, Estado, NoSolicitud) "
+                                  "VALUES (") +
+                   inicio + Datos::DuplicaComillas(Dato(l, "Titulo")) + QStringLiteral("', '") +
+                   Datos::DuplicaComillas(Dato(l, "Autor")) + QStringLiteral("', ") + Dato(l, "Ejemplares pedidos") +
+                   QStringLiteral(", ") + Dato(l, "NoEditorial") + QStringLiteral(", ") + Dato(l, "Edicion") +
+                   QStringLiteral(", #") + Fecha(l, "Fecha de Recepcion", mascaraFecha) + QStringLiteral("#, ") +
+                   Dato(l, "Ejemplares recibidos") + QStringLiteral(", ") + Dato(l, "Costo") + QStringLiteral(", '") +
+                   Datos::DuplicaComillas(Dato(l, "Factura")) + QStringLiteral("', '") + Dato(l, "Estado") + fin;
+        },
+        true,
+    };
+    static const PasosImportacion donaciones{
+        QStringLiteral("SELECT * FROM [donaciones General] WHERE Nodonacion BETWEEN "),
+        QStringLiteral(" ORDER BY Nodonacion"),
+        QStringLiteral("NoDonacion"),
+        QStringLiteral("Select TOP 1 NoDonacion  From [Donaciones general] ORDER BY NoDonacion DESC"),
+        QStringLiteral("SELECT TOP 1 * FROM [donaciones General] ORDER BY Nodonacion DESC"),
+        [](dao::Recordset& d, long nuevo) {
+            return QStringLiteral("INSERT INTO [donaciones General] (NoDonacion, Fecha, NoInstitucion, NoBiblioteca, [Donacion o "
+                                  "Intercambio]) VALUES ( ") +
+                   QString::number(nuevo) + QStringLiteral(", '") + Fecha(d, "Fecha", mascaraFecha) + QStringLiteral("',  ") +
+                   Dato(d, "NoInstitucion") + QStringLiteral(", ") + Dato(d, "NoBiblioteca") + QStringLiteral(" ,'") +
+                   Dato(d, "Donacion o Intercambio") + QStringLiteral("')");
+        },
+        QStringLiteral("SELECT * FROM [donaciones Libros] WHERE Nodonacion="),
+        QStringLiteral("SELECT TOP 1 * FROM [Donaciones Libros] ORDER BY ClaveLibro DESC"),
+        QStringLiteral("SELECT TOP 1 * FROM [donaciones Libros] ORDER BY ClaveLibro DESC"),
+        [](dao::Recordset& l, long clave, long nuevo) {
+            // The cost and the rest stay behind; no quote is doubled here.
+            return QStringLiteral("INSERT INTO [donaciones Libros] (ClaveLibro, Titulo, Autor, Ejemplares , NoEditorial, Edicion,  "
+                                  "Nodonacion) VALUES (") +
+                   QString::number(clave) + QStringLiteral(", '") + Dato(l, "Titulo") + QStringLiteral("', '") +
+                   Dato(l, "Autor") + QStringLiteral("', ") + Dato(l, "Ejemplares") + QStringLiteral(", ") +
+                   Dato(l, "NoEditorial") + QStringLiteral(", ") + Dato(l, "Edicion") + QStringLiteral(", ") +
+                   QString::number(nuevo) + QStringLiteral(")");
+        },
+        false,
+    };
+    ImportaConjunto(EsDonacion ? donaciones : solicitudes, txtInicio->text(), txtFinal->text());
 }
 
-void frmImportar::ImportaDonaciones(const QString& i, const QString& f) {
+void frmImportar::ImportaConjunto(const PasosImportacion& p, const QString& i, const QString& f) {
     dao::Database& base = globales::Base();
     bool status = false;
-    auto donaciones = BaseExportada->OpenRecordset(QStringLiteral("SELECT * FROM [donaciones General] WHERE Nodonacion BETWEEN ") +
-                                                   i + QStringLiteral(" AND ") + f + QStringLiteral(" ORDER BY Nodonacion"));
-    while (!donaciones->Eof()) {
-        dao::Recordset& d = *donaciones;
-        const QString viejo = Dato(d, "NoDonacion");
-        long nuevo = BuscaUltimo(QStringLiteral("Select TOP 1 NoDonacion  From [Donaciones general] ORDER BY NoDonacion DESC"),
-                                 QStringLiteral("NoDonacion"), status) + 1;
-        base.Execute(QStringLiteral("INSERT INTO [donaciones General] (NoDonacion, Fecha, NoInstitucion, NoBiblioteca, [Donacion o "
-                                    "Intercambio]) VALUES ( ") +
-                         QString::number(nuevo) + QStringLiteral(", '") + Fecha(d, "Fecha", mascaraFecha) +
-                         QStringLiteral("',  ") + Dato(d, "NoInstitucion") + QStringLiteral(", ") + Dato(d, "NoBiblioteca") +
-                         QStringLiteral(" ,'") + Dato(d, "Donacion o Intercambio") + QStringLiteral("')"),
-                     dao::dbFailOnError);
-        nuevo = BuscaUltimo(QStringLiteral("SELECT TOP 1 * FROM [donaciones General] ORDER BY Nodonacion DESC"),
-                            QStringLiteral("NoDonacion"), status);
+    const QString claveLibro = QStringLiteral("ClaveLibro");
+    auto cabezas = BaseExportada->OpenRecordset(p.cabezas + i + QStringLiteral(" AND ") + f + p.ordenCabezas);
+    while (!cabezas->Eof()) {
+        const QString viejo = Dato(*cabezas, p.campoCabeza);
+        long nuevo = BuscaUltimo(p.ultimaCabeza, p.campoCabeza, status) + 1;
+        base.Execute(p.insertaCabeza(*cabezas, nuevo), dao::dbFailOnError);
+        nuevo = BuscaUltimo(p.cabezaLeida, p.campoCabeza, status);
 
-        auto libros = BaseExportada->OpenRecordset(QStringLiteral("SELECT * FROM [donaciones Libros] WHERE Nodonacion=") + viejo);
+        auto libros = BaseExportada->OpenRecordset(p.titulos + viejo);
         while (!libros->Eof()) {
-            dao::Recordset& l = *libros;
-            const QString claveVieja = Dato(l, "ClaveLibro");
-            const long clave = BuscaUltimo(QStringLiteral("SELECT TOP 1 * FROM [Donaciones Libros] ORDER BY ClaveLibro DESC"),
-                                           QStringLiteral("ClaveLibro"), status) + 1;
-            base.Execute(QStringLiteral("INSERT INTO [donaciones Libros] (ClaveLibro, Titulo, Autor, Ejemplares , NoEditorial, "
-                                        "Edicion,  Nodonacion) VALUES (") +
-                             QString::number(clave) + QStringLiteral(", '") + Dato(l, "Titulo") + QStringLiteral("', '") +
-                             Dato(l, "Autor") + QStringLiteral("', ") + Dato(l, "Ejemplares") + QStringLiteral(", ") +
-                             Dato(l, "NoEditorial") + QStringLiteral(", ") + Dato(l, "Edicion") + QStringLiteral(", ") +
-                             QString::number(nuevo) + QStringLiteral(")"),
-                         dao::dbFailOnError);
-            const long claveNueva = BuscaUltimo(QStringLiteral("SELECT TOP 1 * FROM [donaciones Libros] ORDER BY ClaveLibro DESC"),
-                                                QStringLiteral("ClaveLibro"), status);
-            ImportaEjemplares(claveVieja, claveNueva, false);
+            const QString claveVieja = Dato(*libros, "ClaveLibro");
+            const long clave = BuscaUltimo(p.ultimoTitulo, claveLibro, status) + 1;
+            base.Execute(p.insertaTitulo(*libros, clave, nuevo), dao::dbFailOnError);
+            const long claveNueva = BuscaUltimo(p.tituloLeido, claveLibro, status);
+            ImportaEjemplares(claveVieja, claveNueva, p.ejemplaresCompletos);
             libros->MoveNext();
         }
-        donaciones->MoveNext();
+        cabezas->MoveNext();
     }
 }
 
@@ -502,6 +505,22 @@ void frmImportar::GenerarPreview() {
     }
 }
 
+long frmImportar::FilasDeLibros(dao::Database& base, const QString& sql,
+                                const std::function<QString(dao::Recordset&, const QString&)>& celdas, QString& html) {
+    auto libros = base.OpenRecordset(sql);
+    long filas = 0;
+    while (!libros->Eof()) {
+        SenalDeVida(libros->AbsolutePosition());
+        bool encontrado = false;
+        const QString editorial =
+            NombreDe(QStringLiteral("SELECT Nombre FROM Editoriales WHERE [no]=") + Dato(*libros, "NoEditorial"), encontrado);
+        html += QStringLiteral("<TR>") + celdas(*libros, editorial) + QStringLiteral("</TR>");
+        ++filas;
+        libros->MoveNext();
+    }
+    return filas;
+}
+
 QString frmImportar::PreviewDonaciones(dao::Database& base, const QString& i, const QString& f) {
     QString html;
     auto donaciones = base.OpenRecordset(QStringLiteral("SELECT * FROM [Donaciones General] WHERE NoDonacion BETWEEN ") + i +
@@ -521,21 +540,16 @@ QString frmImportar::PreviewDonaciones(dao::Database& base, const QString& i, co
         else if (tipo == QLatin1String("D")) html += QStringLiteral("Donación<br>");
         html += EncabezadoTabla({"No. Adquisicion", "Título", "Autor", "Editorial", "Edici&oacute;n"});
 
-        auto libros = base.OpenRecordset(QStringLiteral("SELECT L.NoDonacion, N.NoAdquisicion , L.Titulo, L.Autor, L.NoEditorial, "
-                                                        "L.Edicion  FROM [Donaciones Libros] L LEFT JOIN [Adquisiciones Numadqui] N "
-                                                        "ON N.ClaveLibro=L.ClaveLibro WHERE NoDonacion=") +
-                                         numero);
-        long filas = 0;
-        while (!libros->Eof()) {
-            dao::Recordset& l = *libros;
-            SenalDeVida(l.AbsolutePosition());
-            const QString editorial =
-                NombreDe(QStringLiteral("SELECT Nombre FROM Editoriales WHERE [no]=") + Dato(l, "NoEditorial"), encontrado);
-            html += QStringLiteral("<TR>") + Celda(Html(l, "NoAdquisicion")) + Celda(Html(l, "Titulo")) +
-                    Celda(Html(l, "Autor")) + Celda(editorial) + Celda(Html(l, "Edicion")) + QStringLiteral("</TR>");
-            ++filas;
-            libros->MoveNext();
-        }
+        const long filas = FilasDeLibros(
+            base,
+            QStringLiteral("SELECT L.NoDonacion, N.NoAdquisicion , L.Titulo, L.Autor, L.NoEditorial, L.Edicion  FROM [Donaciones "
+                           "Libros] L LEFT JOIN [Adquisiciones Numadqui] N ON N.ClaveLibro=L.ClaveLibro WHERE NoDonacion=") +
+                numero,
+            [](dao::Recordset& l, const QString& editorial) {
+                return Celda(Html(l, "NoAdquisicion")) + Celda(Html(l, "Titulo")) + Celda(Html(l, "Autor")) + Celda(editorial) +
+                       Celda(Html(l, "Edicion"));
+            },
+            html);
         html += QStringLiteral("</TABLE><p>Libros de esta donación: %1</p><HR/>").arg(filas);
         donaciones->MoveNext();
     }
@@ -564,32 +578,26 @@ QString frmImportar::PreviewSolicitudes(dao::Database& base, const QString& i, c
         html += EncabezadoTabla({"No. Adquisicion", "Título", "Autor", "Ejemplares Pedidos", "Editorial", "Edici&oacute;n",
                                  "Fecha de Recepci&oacute;n", "Ejemplares Recibidos", "Factura", "Estado"});
 
-        auto libros = base.OpenRecordset(
+        const long filas = FilasDeLibros(
+            base,
             QStringLiteral("SELECT L.NoSolicitud, N.NoAdquisicion , L.Titulo, L.Autor, L.[Ejemplares pedidos], L.NoEditorial, "
                            "L.Edicion, L.[Fecha de Recepcion], L.[Ejemplares recibidos], L.Costo, L.Factura, L.Estado FROM "
                            "[Solicitudes Libros] L LEFT JOIN [Adquisiciones Numadqui] N ON N.ClaveLibro=L.ClaveLibro WHERE "
                            "NoSolicitud=") +
-            numero);
-        long filas = 0;
-        while (!libros->Eof()) {
-            dao::Recordset& l = *libros;
-            SenalDeVida(l.AbsolutePosition());
-            const QString editorial =
-                NombreDe(QStringLiteral("SELECT Nombre FROM Editoriales WHERE [no]=") + Dato(l, "NoEditorial"), encontrado);
-            html += QStringLiteral("<TR>") + Celda(Html(l, "NoAdquisicion")) + Celda(Html(l, "Titulo")) +
-                    Celda(Html(l, "Autor")) + Celda(Html(l, "Ejemplares pedidos")) + Celda(editorial) +
-                    Celda(Html(l, "Edicion")) + Celda(Html(l, "Fecha de Recepcion")) + Celda(Html(l, "Ejemplares recibidos")) +
-                    Celda(Html(l, "Factura"));
-            const QString estadoLibro = vb::UCase(Dato(l, "Estado"));
-            if (estadoLibro == QLatin1String("A")) html += QStringLiteral("<TD>Adquirido</TD>");
-            else if (estadoLibro == QLatin1String("S")) html += QStringLiteral("<TD>Solicitado</TD>");
-            else if (estadoLibro == QLatin1String("P")) html += QStringLiteral("<TD>Pedido</TD>");
-            else if (estadoLibro == QLatin1String("I")) html += QStringLiteral("<TD>Imposible de Adquirir</TD>");
-            else html += Celda(QString());
-            html += QStringLiteral("</TR>");
-            ++filas;
-            libros->MoveNext();
-        }
+                numero,
+            [](dao::Recordset& l, const QString& editorial) {
+                QString celdas = Celda(Html(l, "NoAdquisicion")) + Celda(Html(l, "Titulo")) + Celda(Html(l, "Autor")) +
+                                 Celda(Html(l, "Ejemplares pedidos")) + Celda(editorial) + Celda(Html(l, "Edicion")) +
+                                 Celda(Html(l, "Fecha de Recepcion")) + Celda(Html(l, "Ejemplares recibidos")) +
+                                 Celda(Html(l, "Factura"));
+                const QString estado = vb::UCase(Dato(l, "Estado"));
+                if (estado == QLatin1String("A")) return celdas + QStringLiteral("<TD>Adquirido</TD>");
+                if (estado == QLatin1String("S")) return celdas + QStringLiteral("<TD>Solicitado</TD>");
+                if (estado == QLatin1String("P")) return celdas + QStringLiteral("<TD>Pedido</TD>");
+                if (estado == QLatin1String("I")) return celdas + QStringLiteral("<TD>Imposible de Adquirir</TD>");
+                return celdas + Celda(QString());
+            },
+            html);
         html += QStringLiteral("</TABLE><p>Libros de esta solicitud: %1</p><HR/>").arg(filas);
         solicitudes->MoveNext();
     }

@@ -6,6 +6,7 @@
 
 #include <QDialog>
 #include <array>
+#include <functional>
 #include <memory>
 
 class QFrame;
@@ -15,7 +16,10 @@ class QLineEdit;
 class QListWidget;
 class QPushButton;
 namespace controles { class TimerReacomodo; }
-namespace dao { class Database; }
+namespace dao {
+class Database;
+class Recordset;
+}
 
 class frmImportar : public QDialog {
     Q_OBJECT
@@ -66,12 +70,15 @@ private:
     int anchoMinimo_ = 0;
     int altoMinimo_ = 0;
     bool RangoValido() const;
-    void ImportaSolicitudes(const QString& i, const QString& f);
-    void ImportaDonaciones(const QString& i, const QString& f);
+    struct PasosImportacion;
+    void ImportaConjunto(const PasosImportacion& pasos, const QString& i, const QString& f);
     // The copies of a title of the file, written under the title's new key or refused; `completos` writes the
     // analyst and the date of entry with each.
     void ImportaEjemplares(const QString& claveVieja, long claveNueva, bool completos);
     QString PreviewSolicitudes(dao::Database& base, const QString& i, const QString& f);
+    // The rows of a head's titles on the page, each with its publisher's name here; how many there were.
+    long FilasDeLibros(dao::Database& base, const QString& sql,
+                       const std::function<QString(dao::Recordset&, const QString&)>& celdas, QString& html);
     QString PreviewDonaciones(dao::Database& base, const QString& i, const QString& f);
     void SenalDeVida(long posicion);
 };

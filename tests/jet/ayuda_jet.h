@@ -65,9 +65,10 @@ protected:
     }
 
     // Every row, its columns joined by '|'.
-    QStringList filas(const QString& sql) {
+    QStringList filas(const QString& sql) { return filasDe(*db, sql); }
+    static QStringList filasDe(dao::Database& base, const QString& sql) {
         QStringList r;
-        auto rs = abre(sql, dao::dbOpenSnapshot);
+        auto rs = base.OpenRecordset(sql, dao::dbOpenSnapshot);
         while (!rs->Eof()) {
             QStringList f;
             for (int i = 0; i < rs->Fields().Count(); ++i) f << Texto(rs->Fields(i).Value());

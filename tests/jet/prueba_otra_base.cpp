@@ -60,16 +60,7 @@ protected:
         return r;
     }
     QStringList filasDe(const QString& archivo, const QString& sql) {
-        auto otra = dao::Database::OpenDatabase(archivo, true);
-        QStringList r;
-        auto rs = otra->OpenRecordset(sql, dao::dbOpenSnapshot);
-        while (!rs->Eof()) {
-            QStringList f;
-            for (int i = 0; i < rs->Fields().Count(); ++i) f << Texto(rs->Fields(i).Value());
-            r << f.join(u'|');
-            rs->MoveNext();
-        }
-        return r;
+        return BaseJet::filasDe(*dao::Database::OpenDatabase(archivo, true), sql);
     }
 };
 
