@@ -1,7 +1,7 @@
 // The export: the file's tables, fields and Metadata row, the count told (the Metadata row included), a range
 // without rows, a file that exists already (replaced, kept, or the program's own database), a range or a
 // path that breaks the statements, and the screen's captions and file dialog.
-#include "ayuda_intercambio.h"
+#include "ayuda_archivos_intercambio.h"
 
 #include "exchange/Registro.h"
 
@@ -24,7 +24,7 @@ QStringList Estructura(dao::Database& base) {
     return r;
 }
 
-class Exportacion : public PruebaIntercambio {};
+class Exportacion : public PruebaArchivosIntercambio {};
 
 TEST_F(Exportacion, SolicitudesConSusTablasCamposYMetadata) {
     const QString archivo = Ruta(QStringLiteral("Intercambio del año 2024.exp"));

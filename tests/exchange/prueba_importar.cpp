@@ -2,7 +2,7 @@
 // under their new heads, accession numbers kept or refused and listed), a second import of the same file, an
 // empty range, files that are no exchange files, a missing table, a Metadata row of another shape or with the
 // wrong flag, apostrophes in titles, the enabling of the buttons and the preview.
-#include "ayuda_intercambio.h"
+#include "ayuda_archivos_intercambio.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -12,7 +12,7 @@
 
 namespace {
 
-class Importacion : public PruebaIntercambio {
+class Importacion : public PruebaArchivosIntercambio {
 protected:
     // The requests 2 and 3 exported from the first installation; the second is the program's database then.
     QString ExportaSolicitudes(const QString& nombre = QStringLiteral("solicitudes.exp")) {

@@ -15,7 +15,7 @@
 #include <QRadioButton>
 #include <gtest/gtest.h>
 
-class PruebaIntercambio : public ::testing::Test {
+class PruebaArchivosIntercambio : public ::testing::Test {
 protected:
     QTemporaryDir dir;
     ui::PlataformaPrueba* sistema = nullptr;
