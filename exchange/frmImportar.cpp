@@ -113,18 +113,24 @@ frmImportar::frmImportar(QWidget* padre) : QDialog(padre) {
 
     // The file and the range on the left, what the file holds beside them; the preview below, at the
     // screen's whole width, which its ten columns want.
-    auto* datos = new QGridLayout;
-    datos->addWidget(new QLabel(QStringLiteral("Archivo:"), this), 0, 0);
-    datos->addWidget(txtArchivo, 0, 1, 1, 3);
-    datos->addWidget(Command3, 0, 4);
-    datos->addWidget(new QLabel(QStringLiteral("Solicitud inicial"), this), 1, 0);
-    datos->addWidget(txtInicio, 1, 1);
-    datos->addWidget(new QLabel(QStringLiteral("Solicitud final"), this), 1, 2);
-    datos->addWidget(txtFinal, 1, 3);
-    datos->addWidget(cmdPreview, 1, 4);
-    datos->setColumnStretch(1, 1);
-    datos->setColumnStretch(3, 1);
-    datos->setRowStretch(2, 1);
+    auto* archivo = new QHBoxLayout;
+    archivo->addWidget(new QLabel(QStringLiteral("Archivo:"), this));
+    archivo->addWidget(txtArchivo, 1);
+    archivo->addWidget(Command3);
+    auto* rango = new QHBoxLayout;
+    rango->addWidget(new QLabel(QStringLiteral("Solicitud inicial"), this));
+    rango->addWidget(txtInicio);
+    rango->addSpacing(12);
+    rango->addWidget(new QLabel(QStringLiteral("Solicitud final"), this));
+    rango->addWidget(txtFinal);
+    rango->addSpacing(12);
+    rango->addWidget(cmdPreview);
+    rango->addStretch(1);
+    for (QLineEdit* numero : {txtInicio, txtFinal}) numero->setMaximumWidth(160);
+    auto* datos = new QVBoxLayout;
+    datos->addLayout(archivo);
+    datos->addLayout(rango);
+    datos->addStretch(1);
     auto* arriba = new QHBoxLayout;
     arriba->addLayout(datos, 1);
     arriba->addWidget(picEstatus);
