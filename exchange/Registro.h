@@ -1,9 +1,9 @@
 #pragma once
-// How the main window opens the screens of data exchange.
+// How the screens of data exchange are opened.
 
 namespace intercambio {
 
-// Registers "FrmImportaSolicitud" (the import of a school's request document, which Sol1 opens).
+// The main window's "Exportacion" and "Importacion", and "FrmImportaSolicitud", which Sol1 opens by name.
 void RegistraComandos();
 
 }  // namespace intercambio

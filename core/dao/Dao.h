@@ -240,6 +240,12 @@ public:
     std::unique_ptr<TableDef> CreateTableDef(const QString& nombre = QString()) const;
     const QString& Name() const { return ruta_; }
     void Close();
+    // Whether a database of this process has the file open (under any spelling of its path).
+    static bool AbiertaEnEsteProceso(const QString& ruta);
+    // The file alone holds the whole database from now on, with the rollback journal instead of the
+    // write-ahead log: a file that travels, such as an exchange file, and is read where no log can be made.
+    // Only while no other connection has it open; 3260 otherwise.
+    void ArchivoAutonomo();
     bool EnRed() const { return enRed_; }
     bool SoloLectura() const { return soloLectura_; }
     // An index that only speeds up lookups: invisible to the catalog (no TableDef shows it, no statement

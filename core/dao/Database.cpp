@@ -396,6 +396,25 @@ void Database::Close() {
 
 void Database::lanzaSqlite(int rc) const { LanzaSqlite(db_, rc, ruta_); }
 
+bool Database::AbiertaEnEsteProceso(const QString& ruta) {
+    return QFileInfo::exists(ruta) && Abiertas().contains(Canonica(ruta));
+}
+
+void Database::ArchivoAutonomo() {
+    if (!db_) vb::ErrorObjetoNoEstablecido();
+    if (soloLectura_) Lanza(ErrSoloLectura);
+    terminaLecturas();
+    sqlite3_stmt* st = nullptr;
+    int rc = sqlite3_prepare_v2(db_, "PRAGMA main.journal_mode=DELETE", -1, &st, nullptr);
+    if (rc == SQLITE_OK) rc = sqlite3_step(st);
+    const QString modo = rc == SQLITE_ROW ? QString::fromUtf8(reinterpret_cast<const char*>(sqlite3_column_text(st, 0)))
+                                          : QString();
+    sqlite3_finalize(st);
+    if (rc != SQLITE_ROW) lanzaSqlite(rc);
+    // SQLite keeps the log when another connection holds the file.
+    if (modo.compare(QLatin1String("delete"), Qt::CaseInsensitive) != 0) Lanza(ErrBloqueado);
+}
+
 void Database::abre(const QString& ruta, bool crear, bool soloLectura) {
     ruta_ = ruta;
     const QString canonica = Canonica(ruta);
@@ -494,7 +513,7 @@ void Database::abre(const QString& ruta, bool crear, bool soloLectura) {
 
 std::unique_ptr<Database> Database::OpenDatabase(const QString& ruta, bool soloLectura) {
     // A file this process has open is a database already, and is not to be opened behind SQLite's back.
-    if (!QFileInfo::exists(ruta) || !Abiertas().contains(Canonica(ruta))) {
+    if (!AbiertaEnEsteProceso(ruta)) {
         const Formato f = FormatoDe(ruta);
         if (f == Formato::Inexistente) Lanza(ErrArchivoNoEncontrado, QDir::toNativeSeparators(ruta));
         if (f != Formato::Sqlite) RechazaFormato(ruta, f);
@@ -516,9 +535,14 @@ std::unique_ptr<Database> Database::CreateDatabase(const QString& ruta, const QS
 QString Database::adjunta(const QString& ruta) {
     QString r = ruta;
     r.replace(u'\\', u'/');
-    const Formato f = FormatoDe(r);
-    if (f == Formato::Inexistente) Lanza(ErrArchivoNoEncontrado, QDir::toNativeSeparators(r));
-    if (f != Formato::Sqlite) RechazaFormato(r, f);
+    // A file this process has open (the main database itself, a new exchange file the export keeps open) is
+    // known to be a database; reading its header with a descriptor of our own would drop, on closing it,
+    // every lock this process holds on the file.
+    if (!AbiertaEnEsteProceso(r)) {
+        const Formato f = FormatoDe(r);
+        if (f == Formato::Inexistente) Lanza(ErrArchivoNoEncontrado, QDir::toNativeSeparators(r));
+        if (f != Formato::Sqlite) RechazaFormato(r, f);
+    }
     const QString esquema = QStringLiteral("ext%1").arg(adjuntas_.size() + 1);
     sqlite3_stmt* st = nullptr;
     const QByteArray sql = QStringLiteral("ATTACH DATABASE ?1 AS %1").arg(esquema).toUtf8();

@@ -116,6 +116,7 @@ struct ItemSelect {
     ExprPtr expr;
     QString alias;          // AS name, may be empty
     int pos = 0;
+    bool deEstrella = false;   // set by the resolver: a column a * stands for
 };
 
 struct ItemOrden {

@@ -245,6 +245,32 @@ static QString ComoValor(const QString& t) {
     return entero.match(t).hasMatch() ? QStringLiteral("CAST(%1 AS NUMERIC)").arg(t) : t;
 }
 
+// Whether no two rows of a sorted query can tie: it reads one table, makes no groups, and sorts by every field
+// of a key that no two rows share (the primary key, or a unique index whose fields all hold a value). TOP n
+// is then the first n rows, and SQLite stops reading there, where ranking would read the whole table.
+static bool SinEmpates(const Select& s) {
+    if (s.from.size() != 1 || s.from[0]->clase != FuenteFrom::Tabla || s.agregada || !s.uniones.empty()) return false;
+    const FuenteFrom& tabla = *s.from[0];
+    QStringList ordenados;
+    for (const auto& o : s.orderBy) {
+        const Expr* e = o.expr.get();
+        if (e->tipo == TipoExpr::Literal && e->columnaSub >= 0) e = s.expandidos[static_cast<size_t>(e->columnaSub)].expr.get();
+        else if (e->tipo == TipoExpr::Columna && e->alias) e = e->alias;
+        if (e->tipo == TipoExpr::Columna && e->campo && e->fuente == &tabla) ordenados << e->campo->nombre;
+    }
+    for (const IndiceDef& i : tabla.def->indices) {
+        if (!i.unico || i.campos.isEmpty()) continue;
+        bool cubierto = true;
+        for (const QString& c : i.campos) {
+            const CampoDef* campo = tabla.def->campo(c);
+            cubierto = cubierto && campo && ordenados.contains(campo->nombre) &&
+                       (i.primario || i.requerido || campo->requerido || campo->contador());
+        }
+        if (cubierto) return true;
+    }
+    return false;
+}
+
 QString EmisorSqlite::select(const Select& s, bool conRowid, Emision* salida, const std::vector<ColumnaSalida>* tipos) {
     Profundidad nivel(profundidad_);
     if (s.uniones.empty()) return nucleo(s, conRowid, salida, tipos);
@@ -327,7 +353,7 @@ QString EmisorSqlite::nucleo(const Select& s, bool conRowid, Emision* salida, co
         ordenExpresiones << v + cola;
     }
     const QString distinto = s.distinct ? QStringLiteral("DISTINCT ") : QString();
-    if (s.top >= 0 && !orden.isEmpty() && !s.distinct) {
+    if (s.top >= 0 && !orden.isEmpty() && !s.distinct && !SinEmpates(s)) {
         // TOP n of a sorted query keeps the rows tied with the last one: every row ranked n or better.
         const QString ventana = QStringLiteral("ORDER BY ") + ordenExpresiones.join(QStringLiteral(", "));
         QStringList exteriores;

@@ -199,13 +199,27 @@ void Resolver::resuelve(Sentencia& s) {
         if (s.select) {
             select(*s.select, nullptr);
             if (s.columnas.isEmpty()) {
-                // Without a column list the selected columns go to the fields of the same names.
-                for (const auto& c : s.select->salida) {
-                    QString n = c.nombre;
+                // Without a column list the selected columns go to the fields of the same names. A column that
+                // a * brings and the target lacks stays behind, so that rows are copied into a table of fewer
+                // fields (an exchange file's), as long as leaving it out changes no other column's rows.
+                Select& sel = *s.select;
+                const bool sinEfecto = !sel.distinct && !sel.distinctRow && !sel.agregada && sel.uniones.empty() &&
+                                       sel.orderBy.empty();
+                QString primeraFaltante;
+                for (size_t i = 0; i < sel.salida.size();) {
+                    QString n = sel.salida[i].nombre;
                     if (!destino_->campo(n) && n.contains(u'.')) n = n.mid(n.lastIndexOf(u'.') + 1);
-                    if (!destino_->campo(n)) Lanza(ErrCampoInsertDesconocido, c.nombre);
+                    if (!destino_->campo(n)) {
+                        if (!sinEfecto || !sel.expandidos[i].deEstrella) Lanza(ErrCampoInsertDesconocido, sel.salida[i].nombre);
+                        if (primeraFaltante.isEmpty()) primeraFaltante = sel.salida[i].nombre;
+                        sel.expandidos.erase(sel.expandidos.begin() + static_cast<std::ptrdiff_t>(i));
+                        sel.salida.erase(sel.salida.begin() + static_cast<std::ptrdiff_t>(i));
+                        continue;
+                    }
                     s.columnas << destino_->campo(n)->nombre;
+                    ++i;
                 }
+                if (s.columnas.isEmpty()) Lanza(ErrCampoInsertDesconocido, primeraFaltante);
             } else if (static_cast<int>(s.select->salida.size()) != s.columnas.size()) {
                 Lanza(ErrValoresYCampos);
             }
@@ -426,6 +440,7 @@ void Resolver::expande(Select& s, Ambito& a) {
             it.expr->pos = pos;
             it.expr->calificador = h->nombreVisible();
             it.expr->nombre = nombre;
+            it.deEstrella = true;
             s.expandidos.push_back(std::move(it));
         };
         if (h->clase == FuenteFrom::Tabla)

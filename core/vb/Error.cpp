@@ -21,5 +21,10 @@ void ErrorArgumentoNoValido() {
     throw Error(5, QStringLiteral("Llamada a procedimiento o argumento no válido"));
 }
 void ErrorDivisionPorCero() { throw Error(11, QStringLiteral("División por cero")); }
+void ErrorObjetoNoEstablecido() {
+    throw Error(91, QStringLiteral("Variable de tipo Object o la variable de bloque With no está establecida"));
+}
+void ErrorPermisoDenegado() { throw Error(70, QStringLiteral("Permiso denegado")); }
+void ErrorAccesoArchivo() { throw Error(75, QStringLiteral("Error de acceso a la ruta o el archivo")); }
 
 }  // namespace vb

@@ -28,5 +28,8 @@ private:
 [[noreturn]] void ErrorUsoNoValidoDeNull();  // 94 "Uso no válido de Null"
 [[noreturn]] void ErrorArgumentoNoValido();  // 5 "Llamada a procedimiento o argumento no válido"
 [[noreturn]] void ErrorDivisionPorCero();    // 11 "División por cero"
+[[noreturn]] void ErrorObjetoNoEstablecido(); // 91, an object used before it was set
+[[noreturn]] void ErrorPermisoDenegado();    // 70 "Permiso denegado"
+[[noreturn]] void ErrorAccesoArchivo();      // 75 "Error de acceso a la ruta o el archivo"
 
 }  // namespace vb

@@ -35,6 +35,19 @@ inline QString Texto(const vb::Variant& v) {
     }
 }
 
+// Every row of a query on a database, its columns joined by '|'.
+inline QStringList Filas(dao::Database& base, const QString& sql) {
+    QStringList r;
+    auto rs = base.OpenRecordset(sql, dao::dbOpenSnapshot);
+    while (!rs->Eof()) {
+        QStringList f;
+        for (int i = 0; i < rs->Fields().Count(); ++i) f << Texto(rs->Fields(i).Value());
+        r << f.join(u'|');
+        rs->MoveNext();
+    }
+    return r;
+}
+
 class BaseJet : public ::testing::Test {
 protected:
     void SetUp() override {
@@ -65,17 +78,7 @@ protected:
     }
 
     // Every row, its columns joined by '|'.
-    QStringList filas(const QString& sql) {
-        QStringList r;
-        auto rs = abre(sql, dao::dbOpenSnapshot);
-        while (!rs->Eof()) {
-            QStringList f;
-            for (int i = 0; i < rs->Fields().Count(); ++i) f << Texto(rs->Fields(i).Value());
-            r << f.join(u'|');
-            rs->MoveNext();
-        }
-        return r;
-    }
+    QStringList filas(const QString& sql) { return Filas(*db, sql); }
 
     long cuenta(const QString& tabla) { return valor(QStringLiteral("SELECT Count(*) FROM ") + tabla).toLong(); }
 

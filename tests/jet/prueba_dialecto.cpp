@@ -67,6 +67,23 @@ TEST_F(Dialecto, TopIncluyeLosEmpatesDelUltimo) {
     EXPECT_EQ(texto("SELECT Nombre FROM Bibliotecas WHERE [No] = 4"), "Última");
 }
 
+// Sorted by a key no two rows share, TOP n has no ties to look for: the same rows as ever. A unique field that
+// may be empty is no such key, as its empty rows tie.
+TEST_F(Dialecto, TopPorUnaClaveSinEmpates) {
+    ejecuta("INSERT INTO Bibliotecas ([No], Nombre) VALUES (9, 'Novena')");
+    EXPECT_EQ(filas("SELECT TOP 2 [No], Nombre FROM Bibliotecas ORDER BY [No] DESC"), (QStringList{"9|Novena", "2|Biblioteca de Ingeniería"}));
+    EXPECT_EQ(filas("SELECT TOP 1 * FROM Bibliotecas WHERE [No] < 9 ORDER BY Nombre, [No] DESC").value(0).section(u'|', 0, 1),
+              "1|Biblioteca Central");
+    ejecuta("INSERT INTO [Solicitudes Libros] (Titulo) VALUES ('a')");
+    ejecuta("INSERT INTO [Solicitudes Libros] (Titulo) VALUES ('b')");
+    EXPECT_EQ(filas("SELECT TOP 1 Titulo FROM [Solicitudes Libros] ORDER BY ClaveLibro DESC"), QStringList{"b"});
+    ejecuta("CREATE TABLE Claves (Id LONG, Codigo TEXT(5) CONSTRAINT Unico UNIQUE)");
+    for (const char* fila : {"1, NULL", "2, NULL", "3, 'x'"})
+        ejecuta(QStringLiteral("INSERT INTO Claves VALUES (%1)").arg(QString::fromUtf8(fila)));
+    EXPECT_EQ(filas("SELECT TOP 1 Id FROM Claves ORDER BY Codigo, Id DESC"), (QStringList{"2"}));
+    EXPECT_EQ(filas("SELECT TOP 1 Id FROM Claves ORDER BY Codigo"), (QStringList{"1", "2"}));
+}
+
 TEST_F(Dialecto, LiteralesDeFechaEnTodasSusFormas) {
     const std::vector<std::pair<QString, QString>> casos = {
         {"#2026/03/07 14:05:09#", "2026-03-07 14:05:09"},
