@@ -1,14 +1,63 @@
 #include "exchange/ArchivoIntercambio.h"
 
 #include "core/dao/Dao.h"
+#include "core/legado/Legado.h"
 #include "core/vb/Error.h"
 
+#include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QTemporaryDir>
 
 namespace intercambio {
 
+namespace {
+
+// The private copies of legacy exchange files, each in a folder of its own: removed once no database of
+// this process has them open any more, and at the latest when the program ends.
+struct CopiasLegadas {
+    QStringList rutas;
+    void BorraCerradas() {
+        for (auto it = rutas.begin(); it != rutas.end();) {
+            if (dao::Database::AbiertaEnEsteProceso(*it)) {
+                ++it;
+                continue;
+            }
+            QDir(QFileInfo(*it).path()).removeRecursively();
+            it = rutas.erase(it);
+        }
+    }
+    ~CopiasLegadas() {
+        for (const QString& r : rutas) QDir(QFileInfo(r).path()).removeRecursively();
+    }
+};
+
+CopiasLegadas& Copias() {
+    static CopiasLegadas copias;
+    return copias;
+}
+
+// An exchange file of an older installation, in the legacy format: its tables are read into a private copy
+// of this program's format, which is opened in its place. The file itself is only read.
+std::unique_ptr<dao::Database> AbreCopiaDeLegado(const QString& ruta) {
+    Copias().BorraCerradas();
+    QTemporaryDir carpeta(QDir::temp().filePath(QStringLiteral("adq-intercambio-XXXXXX")));
+    if (!carpeta.isValid()) vb::ErrorAccesoArchivo();
+    const QString copia = carpeta.filePath(QFileInfo(ruta).completeBaseName() + QStringLiteral(".mdb"));
+    legado::Migra(ruta, copia);
+    carpeta.setAutoRemove(false);
+    Copias().rutas.append(copia);
+    auto base = dao::Database::OpenDatabase(copia);
+    IndicesDeLectura(*base);
+    return base;
+}
+
+}  // namespace
+
 std::unique_ptr<dao::Database> AbreBaseIntercambio(const QString& ruta) {
+    // A file this process has open is one of its own (never look at its header with a descriptor of ours:
+    // closing it would drop this process's locks on it).
+    if (!dao::Database::AbiertaEnEsteProceso(ruta) && legado::EsArchivoLegado(ruta)) return AbreCopiaDeLegado(ruta);
     // Read-only: a file received from elsewhere is left as it came, also on a medium that can't be written.
     return dao::Database::OpenDatabase(ruta, true);
 }

@@ -10,7 +10,9 @@ namespace dao { class Database; }
 namespace intercambio {
 
 // Opens an exchange file to be read, never written. A missing file is the engine's 3024; anything that is no
-// database this program reads (a text, an empty or cut file, a damaged database) is 3343.
+// database this program reads (a text, an empty or cut file, a damaged database) is 3343. A file written by
+// an older installation in the legacy format is read into a private copy of this program's format, which is
+// what opens; the copy goes once no database has it open.
 std::unique_ptr<dao::Database> AbreBaseIntercambio(const QString& ruta);
 
 // The lookups the import repeats over a whole file, each by one number (the titles of a head, the copies of

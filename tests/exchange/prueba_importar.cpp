@@ -4,6 +4,9 @@
 // wrong flag, apostrophes in titles, the enabling of the buttons and the preview.
 #include "ayuda_archivos_intercambio.h"
 
+#include "exchange/ArchivoIntercambio.h"
+
+#include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QFrame>
@@ -196,6 +199,47 @@ TEST_F(Importacion, ArchivosQueNoSonDeIntercambio) {
                                  QStringLiteral("No se encontró el archivo con los datos a importar")));
     EXPECT_TRUE(Cabezas().isEmpty());
     EXPECT_TRUE(Titulos().isEmpty());
+}
+
+// A file of an older installation is in the legacy format: it is read through a private copy of this program's
+// format and judged by its tables like any other, the file itself untouched; a copy goes once it is closed.
+TEST_F(Importacion, ArchivoDeUnaInstalacionAnterior) {
+    const QString anterior = Ruta(QStringLiteral("anterior.exp"));
+    ASSERT_TRUE(QFile::copy(QStringLiteral(ADQ_SOURCE_DIR "/../shared/testdata/jet/nwind.mdb"), anterior));
+    auto huella = [&] {
+        QFile f(anterior);
+        return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray();
+    };
+    const QByteArray antes = huella();
+    auto copias = [] {
+        return QDir::temp().entryList({QStringLiteral("adq-intercambio-*")}, QDir::Dirs | QDir::NoDotAndDotDot).size();
+    };
+    const auto copiasAntes = copias();
+    {
+        auto base = intercambio::AbreBaseIntercambio(anterior);
+        EXPECT_EQ(Filas(*base, QStringLiteral("SELECT Count(*), Sum(Freight) FROM Orders")), QStringList{"830|64942.69"});
+    }
+    {
+        auto otra = intercambio::AbreBaseIntercambio(anterior);
+        EXPECT_EQ(copias(), copiasAntes + 1);    // the first copy, closed, is gone
+    }
+    frmImportar f;
+    Importa(f, anterior, QStringLiteral("1"), QStringLiteral("5"));
+    EXPECT_TRUE(f.picEstatus->isHidden());       // no Metadata
+    EXPECT_EQ(UltimaCaja(), NoImportable());     // no table of requests or donations
+    EXPECT_TRUE(Cabezas().isEmpty());
+    EXPECT_EQ(huella(), antes);
+
+    // A legacy file cut short is refused like any file that is no exchange file.
+    QFile cortado(Ruta(QStringLiteral("cortado.exp")));
+    ASSERT_TRUE(cortado.open(QIODevice::WriteOnly));
+    cortado.write(antes.left(5000));
+    cortado.close();
+    sistema->cajas.clear();
+    frmImportar g;
+    Importa(g, cortado.fileName(), QStringLiteral("1"), QStringLiteral("5"));
+    EXPECT_TRUE(g.picEstatus->isHidden());
+    EXPECT_EQ(UltimaCaja(), NoImportable());
 }
 
 // A file without its copies' table imports up to the first lookup of copies and stops there in the failure box,
