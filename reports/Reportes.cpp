@@ -1,6 +1,7 @@
 #include "reports/Reportes.h"
 
 #include "core/Rutas.h"
+#include "core/controles/ComboBox.h"
 #include "core/dao/Dao.h"
 #include "core/ui/Ficha.h"
 #include "core/ui/Plataforma.h"
@@ -372,6 +373,19 @@ bool LlenaListaNumerada(const globales::ConsultaDatos& consulta, QComboBox& list
     const QSignalBlocker bloqueo(&lista);
     lista.addItems(filas);
     return !filas.isEmpty();
+}
+
+void LlenaListaNumerada(controles::ComboBox& lista, const QString& primero, const QString& campos, const QString& tabla,
+                        const QString& orden) {
+    lista.Clear();
+    lista.AddItem(primero);
+    globales::ConsultaDatos& c = globales::Consulta;
+    c.Clave.clear();
+    c.Valor.clear();
+    c.Campos = campos;
+    c.Tabla = tabla;
+    c.Orden = orden;
+    LlenaListaNumerada(c, lista);
 }
 
 }  // namespace reportes

@@ -8,6 +8,7 @@
 class QComboBox;
 class QListWidget;
 namespace ui { class VistaHtml; }
+namespace controles { class ComboBox; }
 
 namespace reportes {
 
@@ -41,5 +42,9 @@ bool LlenaListaNumerada(const globales::ConsultaDatos& consulta, QListWidget& li
 // The same rows added to a combo after the items it has (its first item, "-- Todas ... --", stays); adding
 // fires no event of the combo.
 bool LlenaListaNumerada(const globales::ConsultaDatos& consulta, QComboBox& lista);
+// The filter list of a report screen: emptied, `primero` ("-- Todas ... --"), then the rows of `campos` of
+// `tabla` in `orden` through the shared query, as the screens set it.
+void LlenaListaNumerada(controles::ComboBox& lista, const QString& primero, const QString& campos, const QString& tabla,
+                        const QString& orden);
 
 }  // namespace reportes

@@ -192,15 +192,8 @@ void frmListadoEjemplares::Form_Load() {
     columnas.Add(QStringLiteral("Estado"), 700);
     columnas.Add(QStringLiteral("S/D"), 500);
 
-    cboBiblio->Clear();
-    cboBiblio->AddItem(QStringLiteral(" -- Todas las bibliotecas --"));
-    globales::ConsultaDatos& c = globales::Consulta;
-    c.Campos = QStringLiteral("[No], Nombre");
-    c.Tabla = QStringLiteral("Bibliotecas");
-    c.Clave.clear();
-    c.Valor.clear();
-    c.Orden = QStringLiteral("[No]");
-    reportes::LlenaListaNumerada(c, *cboBiblio);
+    reportes::LlenaListaNumerada(*cboBiblio, QStringLiteral(" -- Todas las bibliotecas --"), QStringLiteral("[No], Nombre"),
+                                 QStringLiteral("Bibliotecas"), QStringLiteral("[No]"));
 
     for (QPushButton* b : {cmdBuscar, cmdDetalleNA, cmdVerFicha, cmdImprimir, cmdGrabar}) b->setEnabled(false);
 }

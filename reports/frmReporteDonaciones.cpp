@@ -136,21 +136,11 @@ void frmReporteDonaciones::Form_Load() {
     Fecha2.setTextBox(txtFecha2);
     txtFecha2->setText(vb::Format(vb::Variant(vb::Fecha::Today()), QStringLiteral("dd/mm/yyyy")));
 
-    globales::ConsultaDatos& c = globales::Consulta;
-    c.Clave.clear();
-    c.Valor.clear();
-    c.Campos = QStringLiteral("[No], Nombre");
-    cboDonadora->Clear();
-    cboDonadora->AddItem(QStringLiteral(" -- Todas las instituciones --"));
-    c.Tabla = QStringLiteral("Instituciones");
-    c.Orden = QStringLiteral("[Nombre]");
-    reportes::LlenaListaNumerada(c, *cboDonadora);
+    reportes::LlenaListaNumerada(*cboDonadora, QStringLiteral(" -- Todas las instituciones --"), QStringLiteral("[No], Nombre"),
+                                 QStringLiteral("Instituciones"), QStringLiteral("[Nombre]"));
     cboDonadora->setListIndex(0);
-    cboBiblio->Clear();
-    cboBiblio->AddItem(QStringLiteral(" -- Todas las bibliotecas --"));
-    c.Tabla = QStringLiteral("Bibliotecas");
-    c.Orden = QStringLiteral("Nombre");
-    reportes::LlenaListaNumerada(c, *cboBiblio);
+    reportes::LlenaListaNumerada(*cboBiblio, QStringLiteral(" -- Todas las bibliotecas --"), QStringLiteral("[No], Nombre"),
+                                 QStringLiteral("Bibliotecas"), QStringLiteral("Nombre"));
     cboBiblio->setListIndex(0);
     cboBiblio->installEventFilter(this);
     cboDonadora->installEventFilter(this);
