@@ -73,8 +73,7 @@ TEST_F(BaseCatalogo, BuscarEnUnaListaVaciaOAlFinalPita) {
         EXPECT_FALSE(f.cmdBuscarSiguiente->isEnabled());
     });
     CatalogoClase c;
-    c.CATALOGO(QStringLiteral("Editoriales"), QStringLiteral("Nombre"), QStringLiteral("Nombre"), QString(), QStringLiteral("Editoriales"),
-               QStringLiteral("select Nombre from Editoriales"), 1);
+    c.CATALOGO("Editoriales", "Nombre", "Nombre", QString(), "Editoriales", "select Nombre from Editoriales", 1);
     EXPECT_TRUE(Cajas().empty());
 
     Guion("CatalogoSimple", [&](QDialog& d) {
@@ -83,8 +82,7 @@ TEST_F(BaseCatalogo, BuscarEnUnaListaVaciaOAlFinalPita) {
         f.cmdBuscar_Click();
     });
     CatalogoClase vacio;
-    vacio.CATALOGO(QStringLiteral("Instituciones"), QStringLiteral("No"), QStringLiteral("No"), QString(), QStringLiteral("Instituciones"),
-                   QStringLiteral("select * from Instituciones"), 1);
+    vacio.CATALOGO("Instituciones", "No", "No", QString(), "Instituciones", "select * from Instituciones", 1);
     ASSERT_EQ(Cajas().size(), 1u);
     EXPECT_EQ(Cajas()[0].texto, QStringLiteral("No hay elementos en el catálogo"));
     EXPECT_EQ(sistema->beeps, 2);

@@ -119,8 +119,7 @@ TEST_F(BaseCatalogo, ListaVaciaDaAsteriscoYSieteCamposTraenBarra) {
         EXPECT_EQ(f.VScroll1->value(), 6);
     });
     CatalogoClase c;
-    c.CATALOGO(QStringLiteral("Proveedores"), QStringLiteral("No"), QStringLiteral("No"), QString(), QStringLiteral("Catálogo de Proveedores"),
-               QStringLiteral("select * from Proveedores order by Empresa"), 1);
+    c.CATALOGO("Proveedores", "No", "No", QString(), "Catálogo de Proveedores", "select * from Proveedores order by Empresa", 1);
 
     // Seven fields bring the scroll bar, six don't.
     Guion("CatalogoSimple", [&](QDialog& d) {
@@ -131,12 +130,10 @@ TEST_F(BaseCatalogo, ListaVaciaDaAsteriscoYSieteCamposTraenBarra) {
         }
     });
     CatalogoClase i;
-    i.CATALOGO(QStringLiteral("Instituciones"), QStringLiteral("No"), QStringLiteral("No"), QString(), QStringLiteral("Instituciones"),
-               QStringLiteral("select * from Instituciones"), 1);
+    i.CATALOGO("Instituciones", "No", "No", QString(), "Instituciones", "select * from Instituciones", 1);
     EXPECT_EQ(i.Forma().NumCampos, 7);
     CatalogoClase b;
-    b.CATALOGO(QStringLiteral("Bibliotecas"), QStringLiteral("No"), QStringLiteral("No"), QString(), QStringLiteral("Catálogo de Bibliotecas"),
-               QStringLiteral("select * from Bibliotecas"), 2);
+    b.CATALOGO("Bibliotecas", "No", "No", QString(), "Catálogo de Bibliotecas", "select * from Bibliotecas", 2);
     EXPECT_EQ(b.Forma().NumCampos, 6);
     EXPECT_EQ(b.Forma().Label1[2]->text(), QStringLiteral("Nombre corto"));
     // An empty table: only "Nuevo".
@@ -161,8 +158,7 @@ TEST_F(BaseCatalogo, MemoYCamposObligatoriosAlAbrir) {
     });
     CatalogoClase c;
     for (int i = 0; i < 2; ++i)
-        c.CATALOGO(QStringLiteral("Notas"), QStringLiteral("No"), QStringLiteral("No"), QStringLiteral("No,Titulo=Título,Texto"),
-                   QStringLiteral("Notas"), QStringLiteral("select [No], Titulo from Notas"), 1);
+        c.CATALOGO("Notas", "No", "No", "No,Titulo=Título,Texto", "Notas", "select [No], Titulo from Notas", 1);
     EXPECT_EQ(aperturas, 2);
     ASSERT_EQ(Cajas().size(), 2u);
     for (const auto& caja : Cajas()) {
@@ -177,10 +173,8 @@ TEST_F(BaseCatalogo, UnaTablaQueNoCargaAvisaYNoSeMuestra) {
     bool mostrado = false;
     Guion("CatalogoSimple", [&](QDialog&) { mostrado = true; });
     CatalogoClase c;
-    c.CATALOGO(QStringLiteral("Editoriales"), QStringLiteral("No"), QStringLiteral("No"), QStringLiteral("No,Sello"),
-               QStringLiteral("Editoriales"), QStringLiteral("select * from Editoriales"), 1);
-    c.CATALOGO(QStringLiteral("NoExiste"), QStringLiteral("No"), QStringLiteral("No"), QString(), QStringLiteral("x"),
-               QStringLiteral("select * from Editoriales"), 1);
+    c.CATALOGO("Editoriales", "No", "No", "No,Sello", "Editoriales", "select * from Editoriales", 1);
+    c.CATALOGO("NoExiste", "No", "No", QString(), "x", "select * from Editoriales", 1);
     EXPECT_FALSE(mostrado);
     ASSERT_EQ(Cajas().size(), 2u);
     EXPECT_EQ(Cajas()[0].titulo, QStringLiteral("Inicializa Base [Catalogos]"));

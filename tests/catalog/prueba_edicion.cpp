@@ -26,8 +26,7 @@ protected:
     // The catalog of the test table, keyed by name like the menu's catalogs.
     void AbrePruebas(const QString& listaCampos = QStringLiteral("No=Número,Nombre,Alta=Fecha de alta,Monto,Cantidad,Nota")) {
         CatalogoClase c;
-        c.CATALOGO(QStringLiteral("Pruebas"), QStringLiteral("Nombre"), QStringLiteral("Nombre"), listaCampos, QStringLiteral("Pruebas"),
-                   QStringLiteral("select Nombre,[No] as Núm,Alta,Monto,Nota from Pruebas"), 1);
+        c.CATALOGO("Pruebas", "Nombre", "Nombre", listaCampos, "Pruebas", "select Nombre,[No] as Núm,Alta,Monto,Nota from Pruebas", 1);
     }
     static QString Sentencia() { return ModuloCatalogo::UltimaSentencia(); }
 };
@@ -188,8 +187,7 @@ TEST_F(Edicion, ValoresRequeridosQueElMotorExigeOLaPantallaRevisa) {
         EXPECT_EQ(f.EstadoEdicion, 0);
     });
     CatalogoClase c;
-    c.CATALOGO(QStringLiteral("Existencias"), QStringLiteral("No"), QStringLiteral("No"), QString(), QStringLiteral("Existencias"),
-               QStringLiteral("select * from Existencias"), 1);
+    c.CATALOGO("Existencias", "No", "No", QString(), "Existencias", "select * from Existencias", 1);
     ASSERT_EQ(Cajas().size(), 1u);
     EXPECT_EQ(Cajas()[0].titulo, QStringLiteral("Error en valor de campo obligatorio"));
     EXPECT_EQ(Cajas()[0].flags, ui::vbExclamation);
@@ -232,8 +230,7 @@ TEST_F(Edicion, HomonimosSeCambianYSeBorranJuntos) {
     });
     Responde({ui::vbOK});
     CatalogoClase c;
-    c.CATALOGO(QStringLiteral("Contactos"), QStringLiteral("Nombre"), QStringLiteral("Nombre"), QStringLiteral("Nombre,Telefono"),
-               QStringLiteral("Contactos"), QStringLiteral("select Nombre, Telefono from Contactos"), 1);
+    c.CATALOGO("Contactos", "Nombre", "Nombre", "Nombre,Telefono", "Contactos", "select Nombre, Telefono from Contactos", 1);
     ASSERT_EQ(Cajas().size(), 2u);
     EXPECT_EQ(Cajas()[0].texto, QStringLiteral("¿Desea eliminar definitivamente este registro?"));
     EXPECT_EQ(Cajas()[0].flags, 33);
@@ -297,8 +294,7 @@ TEST_F(Edicion, UsuariosConPrestamosNoSeBorran) {
     });
     Responde({ui::vbOK, ui::vbOK, ui::vbOK, ui::vbOK});
     CatalogoClase c;
-    c.CATALOGO(QStringLiteral("Usuarios"), QStringLiteral("NoCuenta"), QStringLiteral("NoCuenta"), QString(), QStringLiteral("Usuarios"),
-               QStringLiteral("select NoCuenta, Nombre from Usuarios"), 1);
+    c.CATALOGO("Usuarios", "NoCuenta", "NoCuenta", QString(), "Usuarios", "select NoCuenta, Nombre from Usuarios", 1);
     ASSERT_EQ(Cajas().size(), 4u);
     EXPECT_EQ(Cajas()[1].texto, QStringLiteral("Este usuario tiene 1 libro(s) pendientes por entregar en Prestamo Externo.\r\n"
                                                " Debe regesar los libros que tiene prestados para eliminar éste usuario"));

@@ -1,13 +1,12 @@
 // Bringing a database up to date at start-up: an older file gets the module's tables and the columns of
 // later versions, a second start finds nothing to do, a new database is already current, and failures are
 // reported in the texts and boxes the analyst sees.
-#include "../jet/ayuda_jet.h"
+#include "../ui/ayuda_ui.h"
 
 #include "core/ActualizaBDsAdq.h"
 #include "core/DatosActualiza.h"
 #include "core/Globales.h"
 #include "core/jet/ErroresMotor.h"
-#include "core/ui/PlataformaPrueba.h"
 #include "core/vb/Formato.h"
 
 #include <QRegularExpression>
@@ -17,13 +16,11 @@ namespace {
 
 const QString CrLf = QStringLiteral("\r\n");
 
-class Actualiza : public ::testing::Test {
+class Actualiza : public prueba_ui::ConSistema {
 protected:
     void SetUp() override {
+        ConSistema::SetUp();
         ASSERT_TRUE(dir.isValid());
-        auto p = std::make_unique<ui::PlataformaPrueba>();
-        sistema = p.get();
-        ui::InstalaPlataforma(std::move(p));
         globales::FixSolDonNumAdqui = false;
         globales::BaseDatos = dao::Database::CreateDatabase(dir.filePath("KORVEL8.mdb"));
     }
@@ -74,7 +71,6 @@ protected:
     }
 
     QTemporaryDir dir;
-    ui::PlataformaPrueba* sistema = nullptr;
     QString isbn, msgPago, msgMaterial;
 };
 

@@ -1,39 +1,31 @@
 // Start-up and session: the order of Form_Load, the login against the scrambled credential record, the
 // command line, the rights of a visitor, the settings, the institution's network, and what ends the start.
+#include "../ui/ayuda_ui.h"
+
 #include "core/Credenciales.h"
 #include "core/DatosDemo.h"
-#include "core/Esquema.h"
 #include "core/FormPrincipal.h"
-#include "core/Globales.h"
 #include "core/Leepasswd.h"
 #include "core/LineaComandos.h"
-#include "core/dao/Dao.h"
-#include "core/ui/PlataformaPrueba.h"
 
 #include <QAction>
-#include <QApplication>
 #include <QDir>
 #include <QFile>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QToolButton>
-#include <QTemporaryDir>
-#include <gtest/gtest.h>
 
 namespace {
 
-class Arranque : public ::testing::Test {
+class Arranque : public prueba_ui::ConSistema {
 protected:
     QTemporaryDir dir;
-    ui::PlataformaPrueba* sistema = nullptr;
 
     void SetUp() override {
-        auto p = std::make_unique<ui::PlataformaPrueba>();
-        sistema = p.get();
+        ConSistema::SetUp();
         sistema->rutaPrograma = dir.path();
         sistema->directorioActual = dir.path();
-        ui::InstalaPlataforma(std::move(p));
         globales::BaseDatos.reset();
         globales::LoginAnalista.clear();
         globales::Derechos = {0, 0, 0};

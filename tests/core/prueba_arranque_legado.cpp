@@ -1,21 +1,16 @@
 // Start-up on a KORVEL8.mdb of the older desktop format: the question, the original kept byte for byte
 // beside the converted database, the schema maintenance run on it, and a refusal that leaves everything as it
 // was and ends the program.
-#include "texto_gtest.h"
+#include "../ui/ayuda_ui.h"
 
 #include "core/DatosDemo.h"
 #include "core/FormPrincipal.h"
-#include "core/Globales.h"
-#include "core/dao/Dao.h"
 #include "core/jet/ErroresMotor.h"
-#include "core/ui/PlataformaPrueba.h"
 
 #include <QCryptographicHash>
 #include <QDateTime>
 #include <QDir>
 #include <QFile>
-#include <QTemporaryDir>
-#include <gtest/gtest.h>
 
 namespace {
 
@@ -27,20 +22,17 @@ QByteArray Huella(const QString& ruta) {
     return QCryptographicHash::hash(f.readAll(), QCryptographicHash::Sha256);
 }
 
-class ArranqueLegado : public ::testing::Test {
+class ArranqueLegado : public prueba_ui::ConSistema {
 protected:
     QTemporaryDir dir;
-    ui::PlataformaPrueba* sistema = nullptr;
     QString base, respaldo;
     QByteArray huella;
     QDateTime fecha;
 
     void SetUp() override {
-        auto p = std::make_unique<ui::PlataformaPrueba>();
-        sistema = p.get();
+        ConSistema::SetUp();
         sistema->rutaPrograma = dir.path();
         sistema->directorioActual = dir.path();
-        ui::InstalaPlataforma(std::move(p));
         globales::BaseDatos.reset();
         base = dir.filePath(QStringLiteral("KORVEL8.mdb"));
         respaldo = dir.filePath(QStringLiteral("KORVEL8-legado.mdb"));

@@ -1,24 +1,16 @@
 // Changing the machine's date, and the help screen.
+#include "../ui/ayuda_ui.h"
+
 #include "core/frmBrowseHelp.h"
 #include "core/frmFecha.h"
-#include "core/ui/PlataformaPrueba.h"
 #include "core/vb/Formato.h"
 
 #include <QLabel>
 #include <QLineEdit>
-#include <gtest/gtest.h>
 
 namespace {
 
-class CambioDeFecha : public ::testing::Test {
-protected:
-    ui::PlataformaPrueba* sistema = nullptr;
-    void SetUp() override {
-        auto p = std::make_unique<ui::PlataformaPrueba>();
-        sistema = p.get();
-        ui::InstalaPlataforma(std::move(p));
-    }
-};
+using CambioDeFecha = prueba_ui::ConSistema;
 
 TEST_F(CambioDeFecha, ProponeHoyYDiceLaFechaEnPalabras) {
     frmFecha f;

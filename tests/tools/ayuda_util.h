@@ -3,6 +3,8 @@
 #include <QProcess>
 #include <QString>
 #include <QStringList>
+#include <QTemporaryDir>
+#include <gtest/gtest.h>
 #include <grp.h>
 #include <unistd.h>
 
@@ -37,5 +39,16 @@ inline Salida Corre(const QStringList& argumentos, const QByteArray& entrada = Q
     s.err = QString::fromUtf8(p.readAllStandardError());
     return s;
 }
+
+// A temporary folder and the path of the database the test makes there.
+class ConCarpeta : public ::testing::Test {
+protected:
+    void SetUp() override {
+        ASSERT_TRUE(dir.isValid());
+        base = dir.filePath(QStringLiteral("KORVEL8.mdb"));
+    }
+    QTemporaryDir dir;
+    QString base;
+};
 
 }  // namespace ayuda

@@ -31,12 +31,8 @@ QByteArray Bytes(const QString& ruta) {
     return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray();
 }
 
-class Respaldo : public ::testing::Test {
+class Respaldo : public ayuda::ConCarpeta {
 protected:
-    void SetUp() override {
-        ASSERT_TRUE(dir.isValid());
-        base = dir.filePath(QStringLiteral("KORVEL8.mdb"));
-    }
     QStringList temporales() const {
         return QDir(dir.path()).entryList({QStringLiteral(".KORVEL8.mdb.tmp-*")}, QDir::Files | QDir::Hidden);
     }
@@ -50,8 +46,6 @@ protected:
         while (!salida.contains(hasta) && p.waitForReadyRead(10000)) salida += p.readAllStandardOutput();
         ASSERT_TRUE(salida.contains(hasta));
     }
-    QTemporaryDir dir;
-    QString base;
 };
 
 TEST_F(Respaldo, DemoInterrumpidaNoDejaNadaEnElDestino) {

@@ -5,23 +5,13 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QProcess>
-#include <QTemporaryDir>
-#include <gtest/gtest.h>
 
 namespace {
 
 using ayuda::Corre;
 using ayuda::Salida;
 
-class Utilidad : public ::testing::Test {
-protected:
-    void SetUp() override {
-        ASSERT_TRUE(dir.isValid());
-        base = dir.filePath(QStringLiteral("KORVEL8.mdb"));
-    }
-    QTemporaryDir dir;
-    QString base;
-};
+using Utilidad = ayuda::ConCarpeta;
 
 TEST_F(Utilidad, DemoYConsulta) {
     ASSERT_EQ(Corre({"demo", base}).codigo, 0);
