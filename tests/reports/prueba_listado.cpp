@@ -110,7 +110,6 @@ TEST_F(PruebaListado, CargaLasListasLosTiposYLasFuentes) {
     ASSERT_EQ(l.List1[0]->count(), 3);
     EXPECT_EQ(l.List1[0]->item(2)->text(), QStringLiteral("2 Norte"));
     EXPECT_EQ(l.List1[1]->item(1)->text(), QStringLiteral("3 Ingeniería"));
-    EXPECT_TRUE(l.List1[0]->item(0)->isSelected());
     EXPECT_TRUE(l.List1[1]->item(0)->isSelected());
     ASSERT_EQ(l.cboFinanciamiento->ListCount(), 3);
     EXPECT_EQ(l.cboFinanciamiento->ListIndex(), 0);
