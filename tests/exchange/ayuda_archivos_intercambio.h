@@ -3,7 +3,7 @@
 // titles and accession numbers) and the one that imports (numbers of its own already taken, and accession
 // numbers that collide with the other's). Each is the program's database in its turn. The screens are worked
 // through their buttons, so that what a handler lets escape ends in the failure box as in the program.
-#include "ayuda_prueba.h"
+#include "ayuda_intercambio.h"
 #include "jet/ayuda_jet.h"
 #include "workflow/ayuda_cajas.h"
 
@@ -131,11 +131,14 @@ protected:
         sistema->archivos.push_back(ui::RespuestaArchivo::Elige(archivo));
         f.Command3->click();
     }
+    static void Rango(frmImportar& f, const QString& inicio, const QString& final_) {
+        f.txtInicio->setText(inicio);
+        f.txtFinal->setText(final_);
+    }
     void Importa(frmImportar& f, const QString& archivo, const QString& inicio, const QString& final_) {
         f.Form_Load();
         Elige(f, archivo);
-        f.txtInicio->setText(inicio);
-        f.txtFinal->setText(final_);
+        Rango(f, inicio, final_);
         f.Command1->click();
     }
     void Importa(const QString& archivo, const QString& inicio, const QString& final_) {
@@ -144,6 +147,8 @@ protected:
     }
 
     QString Ruta(const QString& nombre) const { return dir.filePath(nombre); }
+    QString Escribe(const QString& nombre, const QByteArray& bytes) const { return ayuda_intercambio::Escribe(Ruta(nombre), bytes); }
+    static QByteArray Lee(const QString& ruta) { return ayuda_intercambio::Lee(ruta); }
     QString UltimaCaja() const { return sistema->cajas.empty() ? QString() : Caja(sistema->cajas.back()); }
     static QString Falla(int numero, const QString& descripcion) {
         return Caja(ui::TituloPrograma, ui::vbCritical, ui::TextoFallaPredeterminada(numero, descripcion));

@@ -1,7 +1,7 @@
 #pragma once
-// What the import suites share: a fresh database with two libraries (one numbered above 255), three schools
-// and four publishers; the request of the tests as an XML document and as workbooks; and a reader of the
-// requests written, one text per row, to compare imports made from different files.
+// What the import suites share: a writer and a reader of whole files; a fresh database with two libraries (one
+// numbered above 255), three schools and four publishers; the request of the tests as an XML document and as
+// workbooks; and a reader of the requests written, one text per row, to compare imports made from different files.
 #include "ayuda_prueba.h"
 #include "workflow/ayuda_cajas.h"
 
@@ -13,6 +13,19 @@
 #include <gtest/gtest.h>
 #include <xlsxwriter.h>
 #include <zip.h>
+
+namespace ayuda_intercambio {
+inline QString Escribe(const QString& ruta, const QByteArray& bytes) {
+    QFile f(ruta);
+    EXPECT_TRUE(f.open(QIODevice::WriteOnly)) << ruta.toStdString();
+    f.write(bytes);
+    return ruta;
+}
+inline QByteArray Lee(const QString& ruta) {
+    QFile f(ruta);
+    return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray();
+}
+}  // namespace ayuda_intercambio
 
 class PruebaIntercambio : public ::testing::Test {
 protected:
@@ -39,16 +52,8 @@ protected:
     QString Valor(const char* sql) { return prueba::Valor(QString::fromUtf8(sql)); }
 
     QString Ruta(const QString& nombre) const { return dir.filePath(nombre); }
-    QString Escribe(const QString& nombre, const QByteArray& bytes) const {
-        QFile f(Ruta(nombre));
-        EXPECT_TRUE(f.open(QIODevice::WriteOnly));
-        f.write(bytes);
-        return f.fileName();
-    }
-    static QByteArray Lee(const QString& ruta) {
-        QFile f(ruta);
-        return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray();
-    }
+    QString Escribe(const QString& nombre, const QByteArray& bytes) const { return ayuda_intercambio::Escribe(Ruta(nombre), bytes); }
+    static QByteArray Lee(const QString& ruta) { return ayuda_intercambio::Lee(ruta); }
 
     // The titles of the request: title, author, publisher, ISBN, edition, copies.
     static QList<QStringList> Titulos() {

@@ -73,11 +73,7 @@ TEST_F(Exportacion, SolicitudesConSusTablasCamposYMetadata) {
 // tells 0 rows and then fails on the file it never opened; the program's own database is never deleted.
 TEST_F(Exportacion, ArchivoQueYaExiste) {
     const QString archivo = Ruta(QStringLiteral("ya existe.exp"));
-    for (const QString& nombre : {archivo, archivo + QStringLiteral("-wal")}) {
-        QFile f(nombre);
-        ASSERT_TRUE(f.open(QIODevice::WriteOnly));
-        f.write("lo que habia");
-    }
+    for (const QString& nombre : {archivo, archivo + QStringLiteral("-wal")}) Escribe(QFileInfo(nombre).fileName(), "lo que habia");
     sistema->Responde({ui::vbCancel});
     Exporta(true, QStringLiteral("2"), QStringLiteral("3"), archivo);
     EXPECT_EQ(sistema->Textos(),
@@ -86,10 +82,7 @@ TEST_F(Exportacion, ArchivoQueYaExiste) {
                                                                            "establecida"))}));
     EXPECT_EQ(sistema->cajas[0].titulo, QStringLiteral("Mensaje"));
     EXPECT_EQ(sistema->cajas[0].flags, ui::vbOKCancel);
-    QFile viejo(archivo);
-    ASSERT_TRUE(viejo.open(QIODevice::ReadOnly));
-    EXPECT_EQ(viejo.readAll(), QByteArray("lo que habia"));
-    viejo.close();
+    EXPECT_EQ(Lee(archivo), QByteArray("lo que habia"));
 
     sistema->cajas.clear();
     Exporta(true, QStringLiteral("2"), QStringLiteral("3"), archivo);

@@ -83,17 +83,12 @@ TEST(DocumentoSolicitud, NoCargaLoQueNoEsXmlBienFormadoNiUnaDeclaracionDeTipo) {
 
 // ---- The binary workbook --------------------------------------------------------------------------------------
 
-TEST(LectorXls, LeeLaPrimeraHojaConSusFechasNumerosYTextos) {
+// Its dates, numbers and texts reach the request written by the import of the same workbook; here, the cells
+// outside the sheet and the reader once closed.
+TEST(LectorXls, FueraDeLaHojaYCerradoNoHayCeldas) {
     intercambio::LectorXls hoja;
     hoja.Abre(QStringLiteral(ADQ_SOURCE_DIR "/tests/exchange/solicitud.xls"));
-    EXPECT_EQ(hoja.Celda(1, 2), QStringLiteral("15/03/2024"));
-    EXPECT_EQ(hoja.Celda(2, 2), QStringLiteral("Dra. Ana María Núñez"));
-    EXPECT_EQ(hoja.Celda(3, 2), QStringLiteral("3"));
     EXPECT_EQ(hoja.Celda(7, 1), QStringLiteral("Pedro Páramo"));
-    EXPECT_EQ(hoja.Celda(7, 6), QStringLiteral("978-607-07-0001-1"));
-    EXPECT_EQ(hoja.Celda(8, 6), QStringLiteral("9786070000002"));
-    EXPECT_EQ(hoja.Celda(9, 3), QString());
-    EXPECT_EQ(hoja.Celda(10, 1), QString());
     EXPECT_EQ(hoja.Celda(70000, 300), QString());
     EXPECT_EQ(hoja.Celda(0, 0), QString());
     hoja.Cierra();

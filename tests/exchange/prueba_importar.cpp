@@ -18,20 +18,17 @@ namespace {
 class Importacion : public PruebaArchivosIntercambio {
 protected:
     // The requests 2 and 3 exported from the first installation; the second is the program's database then.
-    QString ExportaSolicitudes(const QString& nombre = QStringLiteral("solicitudes.exp")) {
+    // Requests 2 and 3, or donations 1 and 2, exported from the first installation; the second is the
+    // program's database then.
+    QString ExportaYCambia(bool solicitudes = true, const QString& nombre = QStringLiteral("solicitudes.exp")) {
         const QString archivo = Ruta(nombre);
-        Exporta(true, QStringLiteral("2"), QStringLiteral("3"), archivo);
+        Exporta(solicitudes, solicitudes ? QStringLiteral("2") : QStringLiteral("1"),
+                solicitudes ? QStringLiteral("3") : QStringLiteral("2"), archivo);
         CambiaDeInstalacion();
         sistema->cajas.clear();
         return archivo;
     }
-    QString ExportaDonaciones() {
-        const QString archivo = Ruta(QStringLiteral("donaciones.exp"));
-        Exporta(false, QStringLiteral("1"), QStringLiteral("2"), archivo);
-        CambiaDeInstalacion();
-        sistema->cajas.clear();
-        return archivo;
-    }
+    QString ExportaDonaciones() { return ExportaYCambia(false, QStringLiteral("donaciones.exp")); }
     QStringList Cabezas() {
         return Filas("SELECT NoSolicitud, Fecha, Solicitante, NoEscuela, NoBiblioteca, Estado, FechaPedido, IdCapturista FROM "
                      "[Solicitudes General] WHERE NoSolicitud > 10 ORDER BY NoSolicitud");
@@ -57,10 +54,9 @@ protected:
 };
 
 TEST_F(Importacion, IdaYVueltaDeSolicitudes) {
-    const QString archivo = ExportaSolicitudes(QStringLiteral("Envío de peticiones.exp"));
+    const QString archivo = ExportaYCambia(true, QStringLiteral("Envío de peticiones.exp"));
     frmImportar f;
     f.Form_Load();
-    EXPECT_EQ(f.windowTitle(), QStringLiteral("Importación de Solicitudes..."));
     Elige(f, archivo);
     EXPECT_EQ(sistema->dialogos.back().dialogo.titulo, QStringLiteral("Importar Archivo"));
     EXPECT_FALSE(sistema->dialogos.back().guardar);
@@ -71,8 +67,7 @@ TEST_F(Importacion, IdaYVueltaDeSolicitudes) {
     EXPECT_EQ(resumen.mid(0, 4), (QStringList{"2", "0", "3", "3"}));
     EXPECT_TRUE(QRegularExpression(QStringLiteral("^\\d\\d-[a-z]{3}-\\d{4} \\d\\d:\\d\\d$")).match(resumen[4]).hasMatch()) << resumen[4].toStdString();
     EXPECT_FALSE(f.EsDonacion);
-    f.txtInicio->setText(QStringLiteral("2"));
-    f.txtFinal->setText(QStringLiteral("3"));
+    Rango(f, QStringLiteral("2"), QStringLiteral("3"));
     f.Command1->click();
     // The copy whose number this installation has already stays behind, its title one copy short.
     EXPECT_EQ(UltimaCaja(), Rechazados(QStringLiteral("A-0003, ")));
@@ -109,8 +104,7 @@ TEST_F(Importacion, IdaYVueltaDeDonaciones) {
     EXPECT_EQ(f.lblData[1]->text(), QStringLiteral("2"));
     EXPECT_EQ(f.lblData[3]->text(), QStringLiteral("3"));
     EXPECT_TRUE(f.EsDonacion);
-    f.txtInicio->setText(QStringLiteral("1"));
-    f.txtFinal->setText(QStringLiteral("2"));
+    Rango(f, QStringLiteral("1"), QStringLiteral("2"));
     f.Command1->click();
     EXPECT_EQ(UltimaCaja(), Rechazados(QStringLiteral("D-0002, ")));
     EXPECT_EQ(Filas("SELECT NoDonacion, Fecha, NoInstitucion, NoBiblioteca, [Donacion o Intercambio] FROM [Donaciones General] "
@@ -136,10 +130,8 @@ TEST_F(Importacion, RangoVacioYArchivoSinFilas) {
     EXPECT_TRUE(Cabezas().isEmpty());
 
     // A range of the file without rows.
-    const QString archivo = Ruta(QStringLiteral("solicitudes.exp"));
     CambiaDeInstalacion();
-    Exporta(true, QStringLiteral("2"), QStringLiteral("3"), archivo);
-    CambiaDeInstalacion();
+    const QString archivo = ExportaYCambia();
     Importa(archivo, QStringLiteral("7"), QStringLiteral("9"));
     EXPECT_EQ(UltimaCaja(), Satisfactoria());
     EXPECT_TRUE(Cabezas().isEmpty());
@@ -148,17 +140,7 @@ TEST_F(Importacion, RangoVacioYArchivoSinFilas) {
 // Anything but an exchange file is refused with the screen's box, and nothing is written; the summary stays
 // hidden for a file that can't be read.
 TEST_F(Importacion, ArchivosQueNoSonDeIntercambio) {
-    const QString bueno = ExportaSolicitudes();
-    QFile original(bueno);
-    ASSERT_TRUE(original.open(QIODevice::ReadOnly));
-    const QByteArray bytes = original.readAll();
-    original.close();
-    auto escribe = [&](const QString& nombre, const QByteArray& contenido) {
-        QFile f(Ruta(nombre));
-        EXPECT_TRUE(f.open(QIODevice::WriteOnly));
-        f.write(contenido);
-        return Ruta(nombre);
-    };
+    const QByteArray bytes = Lee(ExportaYCambia());
     {
         auto soloMetadata = dao::Database::CreateDatabase(Ruta(QStringLiteral("metadata.exp")));
         soloMetadata->Execute(QStringLiteral("CREATE TABLE Metadata (NoSolicitudes LONG, NoDonaciones LONG, NoTitulos LONG, "
@@ -170,10 +152,10 @@ TEST_F(Importacion, ArchivosQueNoSonDeIntercambio) {
         bool conResumen;
     };
     const Caso casos[] = {
-        {escribe(QStringLiteral("texto.exp"), "NoSolicitud;Fecha\r\n2;2024-02-15\r\n"), false},
-        {escribe(QStringLiteral("vacio.exp"), QByteArray()), false},
-        {escribe(QStringLiteral("cortado.exp"), bytes.left(bytes.size() / 2 + 100)), false},
-        {escribe(QStringLiteral("cabecera.exp"), bytes.left(100)), false},
+        {Escribe(QStringLiteral("texto.exp"), "NoSolicitud;Fecha\r\n2;2024-02-15\r\n"), false},
+        {Escribe(QStringLiteral("vacio.exp"), QByteArray()), false},
+        {Escribe(QStringLiteral("cortado.exp"), bytes.left(bytes.size() / 2 + 100)), false},
+        {Escribe(QStringLiteral("cabecera.exp"), bytes.left(100)), false},
         {Ruta(QStringLiteral("metadata.exp")), true},
     };
     for (const Caso& c : casos) {
@@ -187,13 +169,12 @@ TEST_F(Importacion, ArchivosQueNoSonDeIntercambio) {
     }
     // An exchange file under another extension; a file that isn't there.
     sistema->cajas.clear();
-    Importa(escribe(QStringLiteral("solicitudes.txt"), bytes), QStringLiteral("2"), QStringLiteral("3"));
+    Importa(Escribe(QStringLiteral("solicitudes.txt"), bytes), QStringLiteral("2"), QStringLiteral("3"));
     EXPECT_EQ(UltimaCaja(), NoImportable());
     frmImportar f;
     f.Form_Load();
     f.txtArchivo->setText(Ruta(QStringLiteral("no-esta.exp")));
-    f.txtInicio->setText(QStringLiteral("2"));
-    f.txtFinal->setText(QStringLiteral("3"));
+    Rango(f, QStringLiteral("2"), QStringLiteral("3"));
     f.Command1->click();
     EXPECT_EQ(UltimaCaja(), Caja(QStringLiteral("Importación"), ui::vbInformation,
                                  QStringLiteral("No se encontró el archivo con los datos a importar")));
@@ -206,11 +187,7 @@ TEST_F(Importacion, ArchivosQueNoSonDeIntercambio) {
 TEST_F(Importacion, ArchivoDeUnaInstalacionAnterior) {
     const QString anterior = Ruta(QStringLiteral("anterior.exp"));
     ASSERT_TRUE(QFile::copy(QStringLiteral(ADQ_SOURCE_DIR "/../shared/testdata/jet/nwind.mdb"), anterior));
-    auto huella = [&] {
-        QFile f(anterior);
-        return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray();
-    };
-    const QByteArray antes = huella();
+    const QByteArray antes = Lee(anterior);
     auto copias = [] {
         return QDir::temp().entryList({QStringLiteral("adq-intercambio-*")}, QDir::Dirs | QDir::NoDotAndDotDot).size();
     };
@@ -228,16 +205,12 @@ TEST_F(Importacion, ArchivoDeUnaInstalacionAnterior) {
     EXPECT_TRUE(f.picEstatus->isHidden());       // no Metadata
     EXPECT_EQ(UltimaCaja(), NoImportable());     // no table of requests or donations
     EXPECT_TRUE(Cabezas().isEmpty());
-    EXPECT_EQ(huella(), antes);
+    EXPECT_EQ(Lee(anterior), antes);
 
     // A legacy file cut short is refused like any file that is no exchange file.
-    QFile cortado(Ruta(QStringLiteral("cortado.exp")));
-    ASSERT_TRUE(cortado.open(QIODevice::WriteOnly));
-    cortado.write(antes.left(5000));
-    cortado.close();
     sistema->cajas.clear();
     frmImportar g;
-    Importa(g, cortado.fileName(), QStringLiteral("1"), QStringLiteral("5"));
+    Importa(g, Escribe(QStringLiteral("cortado.exp"), antes.left(5000)), QStringLiteral("1"), QStringLiteral("5"));
     EXPECT_TRUE(g.picEstatus->isHidden());
     EXPECT_EQ(UltimaCaja(), NoImportable());
 }
@@ -245,7 +218,7 @@ TEST_F(Importacion, ArchivoDeUnaInstalacionAnterior) {
 // A file without its copies' table imports up to the first lookup of copies and stops there in the failure box,
 // with what it wrote kept; its preview tells that the file's structure is not the expected one.
 TEST_F(Importacion, ArchivoAlQueLeFaltaUnaTabla) {
-    const QString archivo = ExportaSolicitudes();
+    const QString archivo = ExportaYCambia();
     dao::Database::OpenDatabase(archivo)->TableDefs().Delete(QStringLiteral("Adquisiciones Numadqui"));
     frmImportar f;
     Importa(f, archivo, QStringLiteral("2"), QStringLiteral("3"));
@@ -285,13 +258,11 @@ TEST_F(Importacion, MetadataDeOtraFormaODeshonesta) {
     EXPECT_FALSE(f.EsDonacion);
     EXPECT_TRUE(sistema->cajas.empty());
     // Believed, the flag sends the preview to requests the file doesn't have.
-    f.txtInicio->setText(QStringLiteral("1"));
-    f.txtFinal->setText(QStringLiteral("2"));
+    Rango(f, QStringLiteral("1"), QStringLiteral("2"));
     f.cmdPreview->click();
     EXPECT_EQ(sistema->cajas.back().titulo, QStringLiteral("[Importar: Vista Previa]"));
     f.txtArchivo->setText(archivo);
-    f.txtInicio->setText(QStringLiteral("1"));
-    f.txtFinal->setText(QStringLiteral("2"));
+    Rango(f, QStringLiteral("1"), QStringLiteral("2"));
     f.Command1->click();
     EXPECT_EQ(UltimaCaja(), Rechazados(QStringLiteral("D-0002, ")));
     EXPECT_EQ(Filas("SELECT Count(*) FROM [Donaciones General]"), QStringList{"7"});
@@ -326,7 +297,7 @@ TEST_F(Importacion, TituloConApostrofo) {
 // only the date of reception has a statement without it.
 TEST_F(Importacion, NuloEnUnaColumnaNumerica) {
     Ejecuta("UPDATE [Solicitudes Libros] SET [Ejemplares recibidos] = NULL WHERE ClaveLibro = 23");
-    const QString archivo = ExportaSolicitudes();
+    const QString archivo = ExportaYCambia();
     Importa(archivo, QStringLiteral("3"), QStringLiteral("3"));
     EXPECT_TRUE(UltimaCaja().startsWith(Caja(ui::TituloPrograma, ui::vbCritical, QStringLiteral("Se produjo el error 3134"))))
         << UltimaCaja().toStdString();
@@ -335,28 +306,25 @@ TEST_F(Importacion, NuloEnUnaColumnaNumerica) {
 }
 
 TEST_F(Importacion, RangoHabilitaImportarYPrevisualizar) {
-    const QString archivo = ExportaSolicitudes();
+    const QString archivo = ExportaYCambia();
     frmImportar f;
     f.Form_Load();
     EXPECT_FALSE(f.Command1->isEnabled());
     EXPECT_FALSE(f.cmdPreview->isEnabled());
     for (const auto& [inicio, final_, habilita] : {std::tuple{"2", "", false}, {"", "3", false}, {"2", "3", true},
                                                    {"3", "3", true}, {"4", "3", false}, {"2", "tres", false}}) {
-        f.txtInicio->setText(QString::fromUtf8(inicio));
-        f.txtFinal->setText(QString::fromUtf8(final_));
+        Rango(f, QString::fromUtf8(inicio), QString::fromUtf8(final_));
         EXPECT_EQ(f.Command1->isEnabled() + 2 * f.cmdPreview->isEnabled(), habilita ? 3 : 0) << inicio << " " << final_;
     }
     // Another file with a range in place: the range is emptied for the new file, the page blanked.
-    f.txtInicio->setText(QStringLiteral("2"));
-    f.txtFinal->setText(QStringLiteral("3"));
+    Rango(f, QStringLiteral("2"), QStringLiteral("3"));
     f.txtArchivo->setText(archivo);
     EXPECT_TRUE(f.txtInicio->text().isEmpty());
     EXPECT_TRUE(f.txtFinal->text().isEmpty());
     EXPECT_FALSE(f.Command1->isEnabled());
     EXPECT_FALSE(f.cmdPreview->isEnabled());
     // A name that isn't a file leaves the range and turns "Importar" off.
-    f.txtInicio->setText(QStringLiteral("2"));
-    f.txtFinal->setText(QStringLiteral("3"));
+    Rango(f, QStringLiteral("2"), QStringLiteral("3"));
     f.txtArchivo->setText(archivo + QStringLiteral("x"));
     EXPECT_EQ(f.txtInicio->text(), QStringLiteral("2"));
     EXPECT_FALSE(f.Command1->isEnabled());
@@ -370,12 +338,11 @@ TEST_F(Importacion, RangoHabilitaImportarYPrevisualizar) {
 }
 
 TEST_F(Importacion, VistaPreviaDeSolicitudesYDeDonaciones) {
-    const QString archivo = ExportaSolicitudes();
+    const QString archivo = ExportaYCambia();
     frmImportar f;
     f.Form_Load();
     Elige(f, archivo);
-    f.txtInicio->setText(QStringLiteral("2"));
-    f.txtFinal->setText(QStringLiteral("3"));
+    Rango(f, QStringLiteral("2"), QStringLiteral("3"));
     f.cmdPreview->click();
     ASSERT_FALSE(sistema->documentos.isEmpty());
     const QString html = sistema->documentos.back();
@@ -398,8 +365,7 @@ TEST_F(Importacion, VistaPreviaDeSolicitudesYDeDonaciones) {
     CambiaDeInstalacion();
     const QString donaciones = ExportaDonaciones();
     Elige(f, donaciones);
-    f.txtInicio->setText(QStringLiteral("1"));
-    f.txtFinal->setText(QStringLiteral("2"));
+    Rango(f, QStringLiteral("1"), QStringLiteral("2"));
     f.cmdPreview->click();
     const QString d = sistema->documentos.back();
     EXPECT_TRUE(d.contains(QStringLiteral("<P>No. de Donacion: 1<br> Fecha: 05/01/2024<br>Escuela: Fundación Alba<br>Escuela: "

@@ -18,17 +18,11 @@
 
 namespace {
 
-class PruebaReporteDonaciones : public ::testing::Test {
+class PruebaReporteDonaciones : public PruebaPantallaReporte<frmReporteDonaciones> {
 protected:
-    QTemporaryDir dir;
-    ui::PlataformaPrueba* sistema = nullptr;
-    std::unique_ptr<frmReporteDonaciones> pantalla;
-
     void SetUp() override {
-        sistema = ayuda_reportes::PreparaPrograma(dir);
+        PruebaReporte::SetUp();
         flujo::RegistraComandos();
-        globales::Consulta.Clave = QStringLiteral("Nombre");
-        globales::Consulta.Valor = QStringLiteral("'x'");
         // Two institutions and two libraries share a name.
         Ejecuta("INSERT INTO Instituciones ([No], Nombre) VALUES (1, 'Fundación Sur')");
         Ejecuta("INSERT INTO Instituciones ([No], Nombre) VALUES (2, 'Fundación Sur')");
@@ -47,16 +41,9 @@ protected:
         Titulo(103, 12, 4);
         Titulo(104, 12, 1);
         Titulo(105, 14, 7);
-        pantalla = std::make_unique<frmReporteDonaciones>();
-        pantalla->Form_Load();
-    }
-    void TearDown() override {
-        pantalla.reset();
-        globales::BaseDatos.reset();
+        Abre();
     }
 
-    void Ejecuta(const QString& sql) { globales::Base().Execute(sql, dao::dbFailOnError); }
-    void Ejecuta(const char* sql) { Ejecuta(QString::fromUtf8(sql)); }
     void Donacion(int no, const char* fecha, int institucion, int biblioteca) {
         Ejecuta(QStringLiteral("INSERT INTO [Donaciones General] (NoDonacion, Fecha, NoInstitucion, NoBiblioteca, [Donacion o "
                                "Intercambio]) VALUES (%1, #%2#, %3, %4, 'D')")
@@ -78,12 +65,10 @@ protected:
     }
     // Each row as "<institution>|<titles>|<copies>|<library>|<date>|<donation>".
     QStringList Filas() const {
-        QStringList r;
-        auto& filas = pantalla->ListView1->ListItems();
-        for (int i = 1; i <= filas.Count(); ++i) {
-            QStringList celdas{filas(i).Text()};
-            for (int c = 1; c <= 5; ++c) celdas << filas(i).SubItems(c);
-            r << celdas.join(u'|');
+        QStringList r = ayuda_reportes::Columna(*pantalla->ListView1, 0);
+        for (int c = 1; c <= 5; ++c) {
+            const QStringList columna = ayuda_reportes::Columna(*pantalla->ListView1, c);
+            for (qsizetype i = 0; i < r.size(); ++i) r[i] += u'|' + columna[i];
         }
         return r;
     }
@@ -99,7 +84,6 @@ TEST_F(PruebaReporteDonaciones, AbreDesdeDonacionesConSusListas) {
     donaciones.cmdReporte->click();
     EXPECT_EQ(sistema->modales, QStringList({"frmReporteDonaciones"}));
 
-    EXPECT_EQ(pantalla->windowTitle(), QStringLiteral("Reporte de donaciones por institución"));
     EXPECT_EQ(pantalla->txtFecha2->text(), vb::Format(vb::Variant(vb::Fecha::Today()), QStringLiteral("dd/mm/yyyy")));
     QStringList donadoras, bibliotecas;
     for (int i = 0; i < pantalla->cboDonadora->count(); ++i) donadoras << pantalla->cboDonadora->List(i);

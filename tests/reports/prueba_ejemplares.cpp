@@ -31,26 +31,21 @@
 
 namespace {
 
-class PruebaEjemplares : public ::testing::Test {
+class PruebaEjemplares : public PruebaPantallaReporte<frmListadoEjemplares> {
 protected:
-    QTemporaryDir dir;
-    ui::PlataformaPrueba* sistema = nullptr;
-    std::unique_ptr<frmListadoEjemplares> pantalla;
-
     void SetUp() override {
-        sistema = ayuda_reportes::PreparaPrograma(dir);
+        PruebaReporte::SetUp();
         flujo::RegistraComandos();
         globales::LoginAnalista = QStringLiteral("ana");
         globales::DesdeListadoEjemplares = false;
-        // Leftovers of another screen must not leak into the statements.
-        globales::Consulta.Clave = QStringLiteral("Nombre");
-        globales::Consulta.Valor = QStringLiteral("'x'");
         Ejecuta("INSERT INTO Bibliotecas ([No], Nombre) VALUES (1, 'Central')");
         Ejecuta("INSERT INTO Bibliotecas ([No], Nombre) VALUES (2, 'Norte')");
         Ejecuta("INSERT INTO [Solicitudes General] (NoSolicitud, Fecha, NoBiblioteca, Estado) VALUES (7, #02/01/2024#, 1, 'R')");
         Ejecuta("INSERT INTO [Solicitudes General] (NoSolicitud, Fecha, NoBiblioteca, Estado) VALUES (8, #02/03/2024#, 2, 'R')");
-        Titulo(1, "Rayuela", 7);
-        Titulo(2, "Aura & <Otros>", 8);
+        for (const char* titulo : {"1, 'Rayuela', 7", "2, 'Aura & <Otros>', 8"})
+            Ejecuta(QStringLiteral("INSERT INTO [Solicitudes Libros] (ClaveLibro, Titulo, NoSolicitud, Autor, Estado, "
+                                   "[Ejemplares recibidos], Costo, [Fecha de Recepcion]) VALUES (%1, 'Autor', 'A', 2, 100, "
+                                   "#02/20/2024#)").arg(QString::fromUtf8(titulo)));
         // A title without accession numbers is never listed.
         Ejecuta("INSERT INTO [Solicitudes Libros] (ClaveLibro, Titulo, Autor, NoSolicitud, Estado) VALUES (3, 'Sin números', "
                 "'Nadie', 7, 'P')");
@@ -68,32 +63,9 @@ protected:
         Numero("A-0101", 2, "S");
         Numero("A-0003", 50, "D");
         Numero("B-0001", 51, "D");
-        pantalla = std::make_unique<frmListadoEjemplares>();
-        pantalla->Form_Load();
-    }
-    void TearDown() override {
-        pantalla.reset();
-        globales::BaseDatos.reset();
+        Abre();
     }
 
-    void Ejecuta(const char* sql) { globales::Base().Execute(QString::fromUtf8(sql), dao::dbFailOnError); }
-    void Titulo(int clave, const char* titulo, int solicitud) {
-        globales::Base().Execute(QStringLiteral("INSERT INTO [Solicitudes Libros] (ClaveLibro, Titulo, Autor, NoSolicitud, Estado, "
-                                                "[Ejemplares recibidos], Costo, [Fecha de Recepcion]) VALUES (%1, '%2', "
-                                                "'Autor', %3, 'A', 2, 100, #02/20/2024#)")
-                                     .arg(clave)
-                                     .arg(QString::fromUtf8(titulo))
-                                     .arg(solicitud),
-                                 dao::dbFailOnError);
-    }
-    void Numero(const char* numero, int clave, const char* lado) {
-        globales::Base().Execute(QStringLiteral("INSERT INTO [Adquisiciones Numadqui] (NoAdquisicion, ClaveLibro, [Solicitud o "
-                                                "donacion]) VALUES ('%1', %2, '%3')")
-                                     .arg(QLatin1String(numero))
-                                     .arg(clave)
-                                     .arg(QLatin1String(lado)),
-                                 dao::dbFailOnError);
-    }
     // Searches as the analyst does: the expression, what it is, which side, "Buscar"; the rows found.
     int Busca(const QString& texto, QRadioButton* modo = nullptr, QRadioButton* lado = nullptr) {
         pantalla->txtBuscar->setText(texto);
@@ -103,12 +75,7 @@ protected:
         return pantalla->ListView1->ListItems().Count();
     }
     // A column of every row: 1 the accession number, 2 the request or donation, 9 the side.
-    QStringList Columna(int subItem) const {
-        QStringList r;
-        auto& filas = pantalla->ListView1->ListItems();
-        for (int i = 1; i <= filas.Count(); ++i) r << (subItem == 0 ? filas(i).Text() : filas(i).SubItems(subItem));
-        return r;
-    }
+    QStringList Columna(int subItem) const { return ayuda_reportes::Columna(*pantalla->ListView1, subItem); }
     void SeleccionaNumero(const QString& numero) {
         auto& filas = pantalla->ListView1->ListItems();
         for (int i = 1; i <= filas.Count(); ++i)
@@ -126,7 +93,6 @@ protected:
         pantalla->Check1->click();
         pantalla->cboBiblio->setListIndex(indice);
     }
-    ui::VistaHtmlPrueba& Vista() { return *dynamic_cast<ui::VistaHtmlPrueba*>(pantalla->WebBrowser1.get()); }
     // The widths in hundredths that the cells of a row of the page carry, in order.
     static QList<int> Anchos(const QString& fila) {
         QList<int> r;
@@ -139,11 +105,7 @@ protected:
 TEST_F(PruebaEjemplares, AbreDesdeElMenuConLasOpcionesOcultas) {
     reportes::RegistraComandos();
     EXPECT_TRUE(FormPrincipal::PantallaDisponible(QStringLiteral("EjemAdq")));
-    EXPECT_EQ(pantalla->windowTitle(), QStringLiteral("Listado de ejemplares adquiridos"));
-    QStringList columnas;
-    for (int i = 1; i <= pantalla->ListView1->ColumnHeaders().Count(); ++i)
-        columnas << pantalla->ListView1->ColumnHeaders()(i).Text();
-    EXPECT_EQ(columnas, QStringList({"Clave Libro", "NúmAdq.", "Solicitud", "Titulo", "Autor", "Recibidos", "Costo", "Fecha",
+    EXPECT_EQ(ayuda_reportes::Encabezados(*pantalla->ListView1), QStringList({"Clave Libro", "NúmAdq.", "Solicitud", "Titulo", "Autor", "Recibidos", "Costo", "Fecha",
                                      "Estado", "S/D"}));
     EXPECT_EQ(pantalla->ListView1->ColumnHeaders()(1).Width(), 0);
     EXPECT_EQ(pantalla->cboBiblio->List(2), QStringLiteral("002 - Norte"));
@@ -305,8 +267,7 @@ TEST_F(PruebaEjemplares, DetallesDeUnEjemplarVuelvenABuscarYSeleccionanLaClave) 
         EXPECT_EQ(globales::TitTabla, QStringLiteral("[Donaciones Libros]"));
         d.close();
     });
-    globales::Base().Execute(QStringLiteral("DELETE FROM [Adquisiciones Numadqui] WHERE NoAdquisicion='A-0001'"),
-                             dao::dbFailOnError);
+    Ejecuta("DELETE FROM [Adquisiciones Numadqui] WHERE NoAdquisicion='A-0001'");
     pantalla->cmdDetalleNA->click();
     EXPECT_EQ(titulo, QStringLiteral("Ficciones"));
     EXPECT_FALSE(globales::HuboCambiosNumAdq);
