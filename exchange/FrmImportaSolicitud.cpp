@@ -154,8 +154,8 @@ void FrmImportaSolicitud::Form_Unload() {
 // ---- Choosing and loading the document ---------------------------------------------------------------------
 
 void FrmImportaSolicitud::BtnExmaniar_Click() {
-    // The offices send the newer workbooks as well: both kinds go under the spreadsheets' filter.
-    ComDial.filtro = QStringLiteral("Archivos XML (*.xml)|*.xml|Archivos de Excel (*.xls;*.xlsx)|*.xls;*.xlsx");
+    // The offices send the newer workbooks as well: they have an entry of their own after the usual two.
+    ComDial.filtro = QStringLiteral("Archivos XML (*.xml)|*.xml|Archivos de Excel (*.xls)|*.xls|Archivos de Excel 2007 (*.xlsx)|*.xlsx");
     if (!ui::Sistema().AbreArchivo(ComDial)) throw vb::Error(32755, QStringLiteral("Se seleccionó Cancelar."));
     TxtRuta->setText(ComDial.archivo);
     const QString extension = vb::LCase(vb::Right(ComDial.archivo, 3));

@@ -88,7 +88,7 @@ TEST_F(PruebaImportacion, LaRevisionMuestraLaCabezaLasCuentasYLasEditorialesReco
     EXPECT_TRUE(sistema->modales.isEmpty());          // an XML document is not converted
     EXPECT_FALSE(f->BtnGrabar->isEnabled());
     EXPECT_EQ(sistema->dialogos.back().dialogo.filtro,
-              QStringLiteral("Archivos XML (*.xml)|*.xml|Archivos de Excel (*.xls;*.xlsx)|*.xls;*.xlsx"));
+              QStringLiteral("Archivos XML (*.xml)|*.xml|Archivos de Excel (*.xls)|*.xls|Archivos de Excel 2007 (*.xlsx)|*.xlsx"));
     f->BtnImportar_Click();
     EXPECT_TRUE(sistema->cajas.empty());
     EXPECT_EQ(f->TxtContenido->toPlainText(), QStringLiteral("Solicitud: 42\nFecha: 15/03/2024\nSolicitante: Dra. Ana María Núñez\n"

@@ -259,8 +259,9 @@ TEST_F(Reportes, NombresFechasYDineroEnLasHojas) {
         EXPECT_FALSE(html.contains(u"NaN"));
         EXPECT_TRUE(html.contains(u"Periodo: del 01/nov/2026 al 30/nov/2026"));
         // Only this sheet shows the request's date.
-        if (QLatin1String(hoja) == u"xsls\\formato2.xsl")
+        if (QLatin1String(hoja) == u"xsls\\formato2.xsl") {
             EXPECT_TRUE(html.contains(u">07/nov/2026<") && html.contains(u">01/ene/2026<"));
+        }
     }
 }
 
