@@ -1,6 +1,7 @@
 // The order screens: which requests can be ordered, the marks and the select-all box, the list of numbers
 // handed to the order document, what the document holds, marking as ordered, leaving without marking, and
 // saving the document by the file type chosen.
+#include "ayuda_cajas.h"
 #include "ayuda_flujo.h"
 
 #include "core/vb/Cadenas.h"
@@ -49,9 +50,8 @@ TEST_F(PruebaPedidos, SinSolicitudesQuePedirAvisaYDeshabilita) {
     f.Form_Load();
     EXPECT_EQ(f.ListView1->ListItems().Count(), 0);     // without titles, or already ordered
     ASSERT_EQ(sistema->cajas.size(), 1u);
-    EXPECT_EQ(sistema->cajas[0].texto, "No hay ninguna solicitud en proceso.");
-    EXPECT_EQ(sistema->cajas[0].titulo, "No es posible hacer un pedido");
-    EXPECT_EQ(sistema->cajas[0].flags, ui::vbExclamation);
+    EXPECT_EQ(Caja(sistema->cajas[0]), Caja("No es posible hacer un pedido", ui::vbExclamation,
+                                            "No hay ninguna solicitud en proceso."));
     EXPECT_FALSE(f.Check1->isEnabled());
     EXPECT_FALSE(f.Command1->isEnabled());
     EXPECT_EQ(f.Frame2->title(), "Listado de solicitudes pendientes de pedir: 0");
@@ -107,9 +107,8 @@ TEST_F(PruebaPedidos, DocumentoYMarcarComoPedidos) {
     r.Command1_Click();
     EXPECT_TRUE(r.Marcado);
     EXPECT_FALSE(r.Command1->isEnabled());
-    EXPECT_EQ(sistema->UltimaCaja().texto, "Los libros ya fueron marcados como pedidos");
-    EXPECT_EQ(sistema->UltimaCaja().titulo, "Libros marcados");
-    EXPECT_EQ(sistema->UltimaCaja().flags, ui::vbInformation);
+    EXPECT_EQ(Caja(sistema->UltimaCaja()), Caja("Libros marcados", ui::vbInformation,
+                                            "Los libros ya fueron marcados como pedidos"));
     EXPECT_EQ(Valor("SELECT Count(*) FROM [Solicitudes General] WHERE Estado='P' AND NoSolicitud IN (7, 12)"), "2");
     const QDateTime pedido = QDateTime::fromString(
         Valor("SELECT Format(FechaPedido,'yyyy/mm/dd hh:nn:ss') FROM [Solicitudes General] WHERE NoSolicitud=12"),
@@ -144,9 +143,8 @@ TEST_F(PruebaPedidos, ProcesarPasaLosNumerosEnElOrdenDeLaListaYSalirSinMarcarPre
     EXPECT_TRUE(abiertaTrasNo);
     EXPECT_TRUE(abiertaTrasEscape);
     ASSERT_EQ(sistema->cajas.size(), 3u);
-    EXPECT_EQ(sistema->cajas[0].texto, "No ha marcado los libros como pedidos.\r\n ¿Desea salir de todos modos ?");
-    EXPECT_EQ(sistema->cajas[0].titulo, "Precaución");
-    EXPECT_EQ(sistema->cajas[0].flags, ui::vbYesNo);
+    EXPECT_EQ(Caja(sistema->cajas[0]), Caja("Precaución", ui::vbYesNo,
+                                            "No ha marcado los libros como pedidos.\r\n ¿Desea salir de todos modos ?"));
     EXPECT_EQ(Valor("SELECT Count(*) FROM [Solicitudes General] WHERE Estado='S'"), "3");
     // Loaded again, nothing marked.
     EXPECT_EQ(f.ListView1->ListItems().Count(), 2);
@@ -185,9 +183,7 @@ TEST_F(PruebaPedidos, ElPedidoGuardadoLlevaLosEjemplaresPedidos) {
     EXPECT_TRUE(r.DocumentoHtml.contains("Títulos: 3. Ejemplares pedidos: 9"));
     EXPECT_FALSE(r.DocumentoHtml.contains("Periodo"));
     // Request 7: school 3, library 1.
-    EXPECT_TRUE(r.DocumentoHtml.contains(">Ingeniería<"));
-    EXPECT_TRUE(r.DocumentoHtml.contains(">Central<"));
-    EXPECT_TRUE(r.DocumentoHtml.contains(">05/mar/2024<"));
+    for (const char* dato : {">Ingeniería<", ">Central<", ">05/mar/2024<"}) EXPECT_TRUE(r.DocumentoHtml.contains(dato)) << dato;
     EXPECT_TRUE(sistema->cajas.empty());
 }
 
@@ -227,9 +223,7 @@ TEST_F(PruebaPedidos, GuardarPorTipoDeArchivoEImprimir) {
     r.ListView1 = std::make_unique<VistaQueFalla>(&r, sistema);
     r.Command4->click();
     ASSERT_EQ(sistema->cajas.size(), 1u);
-    EXPECT_EQ(sistema->cajas[0].texto, "Error de impresora");
-    EXPECT_EQ(sistema->cajas[0].titulo, QString());
-    EXPECT_EQ(sistema->cajas[0].flags, ui::vbCritical);
+    EXPECT_EQ(Caja(sistema->cajas[0]), Caja(QString(), ui::vbCritical, "Error de impresora"));
 }
 
 }  // namespace

@@ -50,6 +50,8 @@ protected:
 
 TEST_F(PruebaRecorrido, DeLaSolicitudAlNumeroDeAdquisicion) {
     const QString hoy = vb::Format(vb::Variant(vb::Fecha::Now()), "yyyy-mm-dd");
+    // The day of the date a statement reads.
+    const auto Dia = [this](const char* sql) { return vb::Format(vb::Variant(vb::CDate(vb::Variant(Valor(sql)))), "yyyy-mm-dd"); };
 
     // 1. The request and its two titles.
     Sol1 solicitudes;
@@ -95,8 +97,7 @@ TEST_F(PruebaRecorrido, DeLaSolicitudAlNumeroDeAdquisicion) {
     EXPECT_TRUE(xml.contains("<Titulo>C&#xE1;lculo</Titulo>")) << xml.toStdString();
     EXPECT_TRUE(xml.contains("<Editorial>Planeta</Editorial>")) << xml.toStdString();
     EXPECT_EQ(Valor("SELECT Estado FROM [Solicitudes General] WHERE NoSolicitud=1"), "P");
-    EXPECT_EQ(vb::Format(vb::Variant(vb::CDate(vb::Variant(Valor("SELECT FechaPedido FROM [Solicitudes General]")))),
-                         "yyyy-mm-dd"), hoy);
+    EXPECT_EQ(Dia("SELECT FechaPedido FROM [Solicitudes General]"), hoy);
     EXPECT_EQ(Valor("SELECT Count(*) FROM [Solicitudes Libros] WHERE Estado='P'"), "2");
 
     // 3. The reception.
@@ -136,13 +137,10 @@ TEST_F(PruebaRecorrido, DeLaSolicitudAlNumeroDeAdquisicion) {
 
     // 4. Every row written.
     EXPECT_EQ(Valor("SELECT Estado & '|' & IdCapturista FROM [Solicitudes General] WHERE NoSolicitud=1"), "R|ana");
-    EXPECT_EQ(vb::Format(vb::Variant(vb::CDate(vb::Variant(Valor("SELECT FechaRecepcion FROM [Solicitudes General]")))),
-                         "yyyy-mm-dd"), hoy);
+    EXPECT_EQ(Dia("SELECT FechaRecepcion FROM [Solicitudes General]"), hoy);
     EXPECT_EQ(Valor("SELECT Estado & '|' & [Ejemplares Recibidos] & '|' & Costo & '|' & Factura & '|' & IdCapturista "
                     "FROM [Solicitudes Libros] WHERE Titulo='Cálculo'"), "A|3|250.5|F-1029|ana");
-    EXPECT_EQ(vb::Format(vb::Variant(vb::CDate(vb::Variant(
-                             Valor("SELECT [Fecha de Recepcion] FROM [Solicitudes Libros] WHERE Titulo='Cálculo'")))),
-                         "yyyy-mm-dd"), hoy);
+    EXPECT_EQ(Dia("SELECT [Fecha de Recepcion] FROM [Solicitudes Libros] WHERE Titulo='Cálculo'"), hoy);
     EXPECT_EQ(Valor("SELECT Estado & '|' & [Ejemplares Recibidos] & '|' & Costo & '|' & IsNull([Fecha de Recepcion]) "
                     "FROM [Solicitudes Libros] WHERE Titulo='Álgebra'"), "I|0|0|Verdadero");
 
