@@ -103,8 +103,7 @@ TEST_F(PruebaGastos, PorFuenteSaldoInicialDelLibroYSaldoPorRenglon) {
     frmReporteGastosFuente r;
     r.Form_Load();
     EXPECT_EQ(r.windowTitle(), "Reporte de Gastos por Fuente de Financiamiento");
-    EXPECT_TRUE(r.cboEscuela->isHidden());
-    EXPECT_TRUE(r.lblEscuela->isHidden());
+    EXPECT_TRUE(r.cboEscuela->isHidden() && r.lblEscuela->isHidden());
     QStringList columnas;
     for (int i = 1; i <= r.ListView1->ColumnHeaders().Count(); ++i) columnas << r.ListView1->ColumnHeaders()(i).Text();
     EXPECT_EQ(columnas, (QStringList{"Pago", "Fecha", "Concepto", "Proveedor", "Monto pagado", "Saldo"}));
@@ -238,9 +237,7 @@ TEST_F(PruebaGastos, ElDocumentoImpresoYLosBotones) {
     r.Form_Load();
     Genera(r, Federal, "01/03/2024", "31/03/2024");
     r.cmdImprimir_Click();
-    EXPECT_TRUE(r.frameDatos->isHidden());
-    EXPECT_TRUE(r.cmdDesgloce->isHidden());
-    EXPECT_FALSE(r.picBrowser->isHidden());
+    EXPECT_TRUE(r.frameDatos->isHidden() && r.cmdDesgloce->isHidden() && !r.picBrowser->isHidden());
     const QString html = r.WebBrowser1->DocumentHtml();
     EXPECT_TRUE(html.startsWith("<HTML><HEAD><STYLE>@page {size: 8.5in 11in auto; margin: 0.5in}.AreadeFirmas {"));
     EXPECT_TRUE(html.contains(".relleno {background-color: lightgrey; border: solid black 1px; height: 10px;  font-weight:bold;}"
@@ -273,9 +270,7 @@ TEST_F(PruebaGastos, ElDocumentoImpresoYLosBotones) {
     Caja(1, nullptr, "Error de impresora", ui::vbOKOnly);
 
     r.cmdRegresar_Click();
-    EXPECT_FALSE(r.frameDatos->isHidden());
-    EXPECT_FALSE(r.cmdDesgloce->isHidden());
-    EXPECT_TRUE(r.picBrowser->isHidden());
+    EXPECT_TRUE(!r.frameDatos->isHidden() && !r.cmdDesgloce->isHidden() && r.picBrowser->isHidden());
 
     // By school the page names the school and heads the invoice column.
     globales::ReporteGastosPorEscuela = true;

@@ -236,9 +236,9 @@ TEST_F(PruebaPagos, DesgloceProyectosDeLaFuenteYAvisos) {
         EXPECT_EQ(d.cboProyectos->ListCount(), 2);
         EXPECT_EQ(d.cboProyectos->List(0), "001 - Lab Ingeniería");
         EXPECT_EQ(d.cboProyectos->ItemData(1), 4);
-        EXPECT_EQ(d.windowTitle(), "Desgloce de facturas contenidas en el pago [001]");
-        EXPECT_EQ(d.frameLista->title(), "1 facturas");
-        EXPECT_EQ(d.lblMontoFacturas->text(), "   Total en facturas:   $1,500.25     ");
+        EXPECT_EQ((QStringList{d.windowTitle(), d.frameLista->title(), d.lblMontoFacturas->text()}),
+                  (QStringList{"Desgloce de facturas contenidas en el pago [001]", "1 facturas",
+                               "   Total en facturas:   $1,500.25     "}));
         d.Form_Activate();
         EXPECT_TRUE(sistema->cajas.empty());
     }

@@ -123,9 +123,8 @@ TEST_F(PruebaProyectos, CambioSinPagosDevuelveLoAnteriorYCobraLoNuevo) {
     EXPECT_EQ(p.cboFuenteFinanciamiento->ListIndex(), -1);
     p.cmdModificar_Click();
     p.cmdGrabar_Click();
-    ASSERT_EQ(sistema->cajas.size(), 1u);
-    EXPECT_EQ(sistema->cajas[0].texto, encabezado + " la 'fuente de financiamiento' del proyecto es un valor requerido, \r\n");
-    EXPECT_EQ(sistema->cajas[0].titulo, "Error en captura de datos");
+    Caja(1, "Error en captura de datos", encabezado + " la 'fuente de financiamiento' del proyecto es un valor requerido, \r\n",
+         ui::vbExclamation);
     EXPECT_EQ(p.Estado(), "MOD");
     p.cmdCancelar_Click();
     EXPECT_EQ(p.Estado(), "NCE");
@@ -311,10 +310,8 @@ TEST_F(PruebaProyectos, SinFuentesNoSePuedeAsignar) {
     Ejecuta("DELETE FROM adqFinanciamiento");
     Proyectos p;
     p.Form_Load();
-    ASSERT_EQ(sistema->cajas.size(), 1u);
-    EXPECT_EQ(sistema->cajas[0].titulo, "No hay fuentes de financiamiento");
-    EXPECT_EQ(sistema->cajas[0].texto, "No podrá asignar recursos en este momento porque\r\nno existe ninguna fuente de financiamiento,\r\n\r\n"
-                                       "primero deberá utilizar la opción de 'Fuentes de financiamiento'");
+    Caja(1, "No hay fuentes de financiamiento", "No podrá asignar recursos en este momento porque\r\nno existe ninguna fuente de "
+         "financiamiento,\r\n\r\nprimero deberá utilizar la opción de 'Fuentes de financiamiento'", ui::vbExclamation);
     EXPECT_EQ(sistema->beeps, 1);
     EXPECT_FALSE(p.cmdNueva->isEnabled() || p.cmdBorrar->isEnabled());
     finanzas::RegistraComandos();

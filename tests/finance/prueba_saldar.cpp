@@ -169,12 +169,10 @@ TEST_F(PruebaSaldar, DeshacerDevuelveCadaSaldoConOtroRenglon) {
     sistema->Responde({ui::vbNo});
     d.cmdDeshacerPago->click();
     EXPECT_EQ(sistema->beeps, 1);
-    ASSERT_EQ(sistema->cajas.size(), 2u);
-    EXPECT_EQ(sistema->cajas[1].titulo, "Confirmación para deshacer el pago");
-    EXPECT_EQ(sistema->cajas[1].flags, ui::vbQuestion + ui::vbYesNo);
-    EXPECT_EQ(sistema->cajas[1].texto, "La opción para deshacer el pago afectará los movimientos registrados\r\n"
-                                       "y por lo tanto el dinero disponible para cada proyecto que esté relacionado...\r\n\r\n"
-                                       "¿Está seguro en deshacer el pago? ");
+    Caja(2, "Confirmación para deshacer el pago",
+         "La opción para deshacer el pago afectará los movimientos registrados\r\ny por lo tanto el dinero disponible para "
+         "cada proyecto que esté relacionado...\r\n\r\n¿Está seguro en deshacer el pago? ",
+         ui::vbQuestion + ui::vbYesNo);
     EXPECT_EQ(Pedido(7).left(2), "P|");
 
     d.txtObservaciones->clear();
