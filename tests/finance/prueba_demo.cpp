@@ -17,12 +17,11 @@ protected:
     void SetUp() override {
         sistema = prueba::InstalaBaseNueva(dir);
         demo::CargaDemo(globales::Base());
-        globales::LoginAnalista = QStringLiteral("admin");
+        globales::LoginAnalista = "admin";
     }
     QStringList Saldos() {
         return Filas("SELECT IdFinanciamiento, MontoTotal, MontoXAsignar, MontoAsignadoDisponible FROM adqFinanciamiento "
-                     "ORDER BY 1") +
-               Filas("SELECT IdProyecto, TotalAsignado, MontoDisponible FROM adqProyectos ORDER BY 1");
+                     "ORDER BY 1") + Filas("SELECT IdProyecto, TotalAsignado, MontoDisponible FROM adqProyectos ORDER BY 1");
     }
 };
 
@@ -54,7 +53,7 @@ TEST_F(PruebaDemo, LosSaldosSonLosQueDaElLibro) {
 
 TEST_F(PruebaDemo, LosIndicesDeConsultaNoSonDeLaTabla) {
     dao::Database& db = globales::Base();
-    EXPECT_TRUE(db.TableDefs()[QStringLiteral("adqSaldoProyectos")].Indexes().empty());
+    EXPECT_TRUE(db.TableDefs()["adqSaldoProyectos"].Indexes().empty());
     sqlite3_stmt* st = nullptr;
     sqlite3_prepare_v2(db.sqlite(), "SELECT count(*) FROM sqlite_master WHERE type = 'index' AND name LIKE 'adq_consulta_%'",
                        -1, &st, nullptr);
@@ -63,7 +62,7 @@ TEST_F(PruebaDemo, LosIndicesDeConsultaNoSonDeLaTabla) {
     sqlite3_finalize(st);
     // Asked again, nothing changes; a table an older file lacks is no failure of the opening.
     esquema::CreaIndicesDeConsulta(db);
-    EXPECT_FALSE(db.AseguraIndiceDeConsulta(QStringLiteral("x"), QStringLiteral("NoHay"), {QStringLiteral("Columna")}));
+    EXPECT_FALSE(db.AseguraIndiceDeConsulta("x", "NoHay", {"Columna"}));
     EXPECT_EQ(Valor("SELECT Count(*) FROM adqSaldoProyectos WHERE IdEscuela = 1 AND IdFinanciamiento = 1"), "2");
 }
 

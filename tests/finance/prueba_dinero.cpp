@@ -27,11 +27,11 @@ class PruebaDinero : public PruebaFinanzas {
 protected:
     void SetUp() override {
         PruebaFinanzas::SetUp();
-        mascaraFecha = QStringLiteral("yyyy/mm/dd");
+        mascaraFecha = "yyyy/mm/dd";
         Ejecuta("INSERT INTO Proveedores ([No], Empresa) VALUES (1, 'Librería Norte')");
     }
     static QString Hoy(const char* s) {
-        return QString::fromUtf8(s).replace(u'@', vb::Format(vb::Variant(vb::Fecha::Today()), QStringLiteral("yyyy/mm/dd")));
+        return QString::fromUtf8(s).replace(u'@', vb::Format(vb::Variant(vb::Fecha::Today()), "yyyy/mm/dd"));
     }
     QString Fuente() {
         return Filas("SELECT Nombre, MontoTotal, MontoXAsignar, MontoAsignadoDisponible FROM adqFinanciamiento").value(0);
@@ -65,9 +65,9 @@ TEST_F(PruebaDinero, DeLaFuenteAlPagoYDeRegreso) {
         frmFuentesFin f;
         f.Form_Load();
         f.cmdNuevo_Click();
-        f.txtFecha->setText(QStringLiteral("15-01-2026"));
-        f.txtNombre->setText(QStringLiteral("Fondo estatal"));
-        f.txtMontoTotal->setText(QStringLiteral("50000"));
+        f.txtFecha->setText("15-01-2026");
+        f.txtNombre->setText("Fondo estatal");
+        f.txtMontoTotal->setText("50000");
         f.cmdGrabar_Click();
     }
     EXPECT_EQ(Fuente(), "Fondo estatal|50000|50000|0");
@@ -81,10 +81,10 @@ TEST_F(PruebaDinero, DeLaFuenteAlPagoYDeRegreso) {
             if (p.Estado() != "AGR") p.cmdNueva_Click();
             p.cboDES->setListIndex(escuela);            // 1: Ingeniería (3), 0: Artes (4)
             p.cboFuenteFinanciamiento->setListIndex(0);
-            p.txtResponsable->setText(QStringLiteral("Responsable"));
+            p.txtResponsable->setText("Responsable");
             p.txtTotalAsignado->setText(QString::fromUtf8(total));
-            p.txtFechaAsignacion->setText(QStringLiteral("01/02/2026"));
-            p.txtFechaVigencia->setText(QStringLiteral("31/12/2026"));
+            p.txtFechaAsignacion->setText("01/02/2026");
+            p.txtFechaVigencia->setText("31/12/2026");
             p.cmdGrabar_Click();
         }
     }
@@ -96,18 +96,18 @@ TEST_F(PruebaDinero, DeLaFuenteAlPagoYDeRegreso) {
     // A payment request with three invoices over both budgets.
     pagoFacturasMain m;
     m.Form_Load();
-    sistema->AlMostrar(QStringLiteral("pagoFacturasGral"), [](QDialog& pantalla) {
+    sistema->AlMostrar("pagoFacturasGral", [](QDialog& pantalla) {
         auto& g = static_cast<pagoFacturasGral&>(pantalla);
         g.cboFinanciamiento->setListIndex(0);
-        g.txtIdProveedor->setText(QStringLiteral("1"));
-        g.txtConcepto->setText(QStringLiteral("Libros de texto"));
+        g.txtIdProveedor->setText("1");
+        g.txtConcepto->setText("Libros de texto");
         g.cmdAceptar_Click();
     });
     m.cmdNuevoPago_Click();
     EXPECT_EQ(Solicitud(), "1|S|NULL|NULL");
     EXPECT_EQ(sistema->Textos(), QStringList{"Registro guardado con éxito..."});
     sistema->cajas.clear();
-    sistema->AlMostrar(QStringLiteral("pagoFacturasDetalle"), [this](QDialog& pantalla) {
+    sistema->AlMostrar("pagoFacturasDetalle", [this](QDialog& pantalla) {
         auto& d = static_cast<pagoFacturasDetalle&>(pantalla);
         Factura(d, 0, "F-1", "1234.56");
         Factura(d, 0, "F-2", "100.04");
@@ -116,14 +116,14 @@ TEST_F(PruebaDinero, DeLaFuenteAlPagoYDeRegreso) {
     });
     m.cmdDesglocePagos_Click();
     EXPECT_EQ(Solicitud(), "1|S|6334.85|NULL");
-    EXPECT_EQ(sistema->Textos(), QStringList(3, QStringLiteral("Factura grabada con éxito")));
+    EXPECT_EQ(sistema->Textos(), QStringList(3, "Factura grabada con éxito"));
 
     // Settled: each budget and the source go down by what was charged to them, one ledger row each.
     m.ListView1_ItemClick(&m.ListView1->ListItems()(1));
     ASSERT_TRUE(m.cmdSaldarPago->isEnabled());
-    sistema->AlMostrar(QStringLiteral("pagoFacturasSaldar"), [](QDialog& pantalla) {
+    sistema->AlMostrar("pagoFacturasSaldar", [](QDialog& pantalla) {
         auto& s = static_cast<pagoFacturasSaldar&>(pantalla);
-        s.txtFechaPago->setText(QStringLiteral("20-03-2026"));
+        s.txtFechaPago->setText("20-03-2026");
         s.cmdCargarPago_Click();
     });
     m.cmdSaldarPago_Click();
@@ -138,7 +138,7 @@ TEST_F(PruebaDinero, DeLaFuenteAlPagoYDeRegreso) {
     // budgets names a column of both its tables and is refused: the request is back to 'S' and the budgets
     // have their money again, but no ledger row is written and the source doesn't move.
     m.ListView1_ItemClick(&m.ListView1->ListItems()(1));
-    sistema->AlMostrar(QStringLiteral("pagoFacturasSaldar"), [](QDialog& pantalla) {
+    sistema->AlMostrar("pagoFacturasSaldar", [](QDialog& pantalla) {
         // Through the button, as the analyst does: a failure ends in the program's box.
         static_cast<pagoFacturasSaldar&>(pantalla).cmdDeshacerPago->click();
     });
@@ -168,10 +168,10 @@ TEST_F(PruebaDinero, DeLaFuenteAlPagoYDeRegreso) {
         frmFuentesFin f;
         f.Form_Load();
         f.cmdModificar_Click();
-        f.txtNombre->setText(QStringLiteral("Fondo estatal 2026"));
+        f.txtNombre->setText("Fondo estatal 2026");
         f.cmdGrabar_Click();
     }
-    EXPECT_EQ(LibroFuente(), QStringList(2, QStringLiteral("1|2026/01/15|50000|+ADDFinan|ana")));
+    EXPECT_EQ(LibroFuente(), QStringList(2, "1|2026/01/15|50000|+ADDFinan|ana"));
     {
         frmFuentesFin f;
         f.Form_Load();

@@ -20,7 +20,7 @@ protected:
 
     void SetUp() override {
         PruebaFinanzas::SetUp();
-        globales::LoginAnalista = QStringLiteral("ana.martinez");   // 12 characters: 10 are written
+        globales::LoginAnalista = "ana.martinez";   // 12 characters: 10 are written
     }
     void TearDown() override { f.reset(); PruebaFinanzas::TearDown(); }
     QStringList Fuentes_() {

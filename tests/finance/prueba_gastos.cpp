@@ -24,7 +24,7 @@ protected:
 
     void SetUp() override {
         PruebaFinanzas::SetUp();
-        globales::NombreInstitucion = QStringLiteral("Universidad del Norte");
+        globales::NombreInstitucion = "Universidad del Norte";
         Ejecuta("INSERT INTO Proveedores ([No], Empresa) VALUES (1, 'Libros SA')");
         Ejecuta("INSERT INTO Proveedores ([No], Empresa) VALUES (2, 'Papelería')");
         for (const auto& [nombre, monto] : {std::pair{"Federal", 10000}, {"Municipal", 200}, {"Estatal", 0}})
@@ -103,20 +103,19 @@ TEST_F(PruebaGastos, PorFuenteSaldoInicialDelLibroYSaldoPorRenglon) {
     frmReporteGastosFuente r;
     r.Form_Load();
     EXPECT_EQ(r.windowTitle(), "Reporte de Gastos por Fuente de Financiamiento");
-    EXPECT_TRUE(r.cboEscuela->isHidden());
-    EXPECT_TRUE(r.lblEscuela->isHidden());
+    EXPECT_TRUE(r.cboEscuela->isHidden() && r.lblEscuela->isHidden());
     QStringList columnas;
     for (int i = 1; i <= r.ListView1->ColumnHeaders().Count(); ++i) columnas << r.ListView1->ColumnHeaders()(i).Text();
     EXPECT_EQ(columnas, (QStringList{"Pago", "Fecha", "Concepto", "Proveedor", "Monto pagado", "Saldo"}));
 
     // Generating needs a source and two dates.
     EXPECT_FALSE(r.cmdGenerar->isEnabled());
-    r.txtFechaInicial->setText(QStringLiteral("01/03/2024"));
-    r.txtFechaFinal->setText(QStringLiteral("31/03/2024"));
+    r.txtFechaInicial->setText("01/03/2024");
+    r.txtFechaFinal->setText("31/03/2024");
     EXPECT_FALSE(r.cmdGenerar->isEnabled());
     r.cboFuenteFinanciamiento->setListIndex(Federal);
     EXPECT_TRUE(r.cmdGenerar->isEnabled());
-    r.txtFechaFinal->setText(QStringLiteral("31/13/2024"));
+    r.txtFechaFinal->setText("31/13/2024");
     EXPECT_FALSE(r.cmdGenerar->isEnabled());
 
     // March: the ledger before it holds the source, a payment, and a payment undone (9,000). The payment
@@ -128,8 +127,7 @@ TEST_F(PruebaGastos, PorFuenteSaldoInicialDelLibroYSaldoPorRenglon) {
                                          "004|2024/03/22|Concepto 4|Papelería|99.99|$8,349.76"}));
     EXPECT_EQ(Totales(r), "$650.24 $8,349.76");
     EXPECT_EQ(r.lblPresupuesto->text(), "El presupuesto asignado para 'Federal' es de $10,000.00");
-    EXPECT_EQ(r.lblSaldoAnterior->text(),
-              "fue asignado el 10-ene-2024 y el saldo disponible al 01/03/2024 es de $9,000.00     ");
+    EXPECT_EQ(r.lblSaldoAnterior->text(), "fue asignado el 10-ene-2024 y el saldo disponible al 01/03/2024 es de $9,000.00     ");
     EXPECT_FALSE(r.lblPresupuesto->isHidden());
     EXPECT_TRUE(r.cmdImprimir->isEnabled());
 
@@ -147,7 +145,7 @@ TEST_F(PruebaGastos, PorFuenteSaldoInicialDelLibroYSaldoPorRenglon) {
     EXPECT_TRUE(r.cmdDesgloce->isEnabled());
     globales::PagoSaldado = false;
     bool desdeReporte = false;
-    sistema->AlMostrar(QStringLiteral("pagoFacturasDetalle"), [&](QDialog&) { desdeReporte = globales::PagoDesdeReporte; });
+    sistema->AlMostrar("pagoFacturasDetalle", [&](QDialog&) { desdeReporte = globales::PagoDesdeReporte; });
     const size_t cajas = sistema->cajas.size();
     r.cmdDesgloce_Click();
     // The breakdown opens on the payment without warning that it is settled.
@@ -239,9 +237,7 @@ TEST_F(PruebaGastos, ElDocumentoImpresoYLosBotones) {
     r.Form_Load();
     Genera(r, Federal, "01/03/2024", "31/03/2024");
     r.cmdImprimir_Click();
-    EXPECT_TRUE(r.frameDatos->isHidden());
-    EXPECT_TRUE(r.cmdDesgloce->isHidden());
-    EXPECT_FALSE(r.picBrowser->isHidden());
+    EXPECT_TRUE(r.frameDatos->isHidden() && r.cmdDesgloce->isHidden() && !r.picBrowser->isHidden());
     const QString html = r.WebBrowser1->DocumentHtml();
     EXPECT_TRUE(html.startsWith("<HTML><HEAD><STYLE>@page {size: 8.5in 11in auto; margin: 0.5in}.AreadeFirmas {"));
     EXPECT_TRUE(html.contains(".relleno {background-color: lightgrey; border: solid black 1px; height: 10px;  font-weight:bold;}"
@@ -264,7 +260,7 @@ TEST_F(PruebaGastos, ElDocumentoImpresoYLosBotones) {
     struct VistaQueFalla : ui::VistaHtmlPrueba {
         int numero;
         VistaQueFalla(QWidget* p, ui::PlataformaPrueba* s, int n) : VistaHtmlPrueba(p, s), numero(n) {}
-        bool Imprimir(bool) override { throw vb::Error(numero, QStringLiteral("Error de impresora")); }
+        bool Imprimir(bool) override { throw vb::Error(numero, "Error de impresora"); }
     };
     r.WebBrowser1 = std::make_unique<VistaQueFalla>(&r, sistema, static_cast<int>(0x80040100u));
     r.cmdImprimir_Click();
@@ -274,9 +270,7 @@ TEST_F(PruebaGastos, ElDocumentoImpresoYLosBotones) {
     Caja(1, nullptr, "Error de impresora", ui::vbOKOnly);
 
     r.cmdRegresar_Click();
-    EXPECT_FALSE(r.frameDatos->isHidden());
-    EXPECT_FALSE(r.cmdDesgloce->isHidden());
-    EXPECT_TRUE(r.picBrowser->isHidden());
+    EXPECT_TRUE(!r.frameDatos->isHidden() && !r.cmdDesgloce->isHidden() && r.picBrowser->isHidden());
 
     // By school the page names the school and heads the invoice column.
     globales::ReporteGastosPorEscuela = true;
@@ -295,20 +289,20 @@ TEST_F(PruebaGastos, LaFechaFinalTomaHoyYLosComandosAbrenElReporte) {
     frmReporteGastosFuente r;
     r.Form_Load();
     r.txtFechaFinal_GotFocus();
-    EXPECT_EQ(r.txtFechaFinal->text(), vb::Format(vb::Variant(vb::Fecha::Today()), QStringLiteral("dd-mmm-yyyy")));
-    r.txtFechaFinal->setText(QStringLiteral("15/03/2024"));
+    EXPECT_EQ(r.txtFechaFinal->text(), vb::Format(vb::Variant(vb::Fecha::Today()), "dd-mmm-yyyy"));
+    r.txtFechaFinal->setText("15/03/2024");
     r.txtFechaFinal_GotFocus();
     EXPECT_EQ(r.txtFechaFinal->text(), "15/03/2024");
 
     finanzas::RegistraComandos();
     QStringList vistos;
-    sistema->AlMostrar(QStringLiteral("frmReporteGastosFuente"), [&](QDialog& d) {
+    sistema->AlMostrar("frmReporteGastosFuente", [&](QDialog& d) {
         auto& p = static_cast<frmReporteGastosFuente&>(d);
         vistos << p.windowTitle() + (p.cboEscuela->isHidden() ? "" : " +escuela");
     });
     FormPrincipal principal;
-    principal.Ejecuta(QStringLiteral("menuReporteGastosEscuela"));
-    principal.Ejecuta(QStringLiteral("menuReporteGastosFuente"));
+    principal.Ejecuta("menuReporteGastosEscuela");
+    principal.Ejecuta("menuReporteGastosFuente");
     EXPECT_EQ(vistos, (QStringList{"Reporte de gastos por escuela +escuela", "Reporte de Gastos por Fuente de Financiamiento"}));
 }
 

@@ -18,8 +18,7 @@
 namespace {
 
 // Every tag of the header and one row element, each with its sample.
-const char* plantillaCorta =
-    "<html><body>\n<h1><institucion>I</institucion></h1><h2><depSolicitante>D</depSolicitante></h2>"
+const char* plantillaCorta = "<html><body>\n<h1><institucion>I</institucion></h1><h2><depSolicitante>D</depSolicitante></h2>"
     "<p><proyectoGral>P</proyectoGral>|<resp_PGral>R</resp_PGral>|<NombdepSolicitante>N</NombdepSolicitante>|"
     "<NoFolio>0</NoFolio>|<fondo>F</fondo>|<proveedor>V</proveedor>|<fecha>H</fecha>|<concepto>C</concepto></p>"
     "<img src=\"<rutalogo>x.gif</rutalogo>\">\n<table>\n"
@@ -32,22 +31,22 @@ protected:
     QString programa;
     void SetUp() override {
         PruebaFinanzas::SetUp();
-        programa = dir.filePath(QStringLiteral("programa"));
-        QDir().mkpath(programa + QStringLiteral("/xsls"));
-        QFile logo(programa + QStringLiteral("/xsls/logo.gif"));
+        programa = dir.filePath("programa");
+        QDir().mkpath(programa + "/xsls");
+        QFile logo(programa + "/xsls/logo.gif");
         ASSERT_TRUE(logo.open(QIODevice::WriteOnly));
         sistema->rutaPrograma = programa;
         globales::IdPagoActual = 42;
-        globales::FuentePago = QStringLiteral("Federal");
-        globales::ConceptoPago = QStringLiteral("Libros de texto");
-        globales::NombreInstitucion = QStringLiteral("Universidad del Valle");
+        globales::FuentePago = "Federal";
+        globales::ConceptoPago = "Libros de texto";
+        globales::NombreInstitucion = "Universidad del Valle";
     }
     void TearDown() override {
-        globales::NombreInstitucion = QStringLiteral("Institución");
+        globales::NombreInstitucion = "Institución";
         PruebaFinanzas::TearDown();
     }
     void Plantilla(const QString& texto) {
-        QFile f(programa + QStringLiteral("/xsls/adqSolRecursos.fdc"));
+        QFile f(programa + "/xsls/adqSolRecursos.fdc");
         ASSERT_TRUE(f.open(QIODevice::WriteOnly));
         f.write(texto.toUtf8());
     }
@@ -65,49 +64,48 @@ protected:
 TEST_F(PruebaImprimir, ReemplazaYDuplicaSobreTextosCortos) {
     pagoFacturasImprimir f({}, vb::Currency(), QString());
     bool ok = false;
-    QString t = QStringLiteral("a<x>1</x>b<x>2</x>c");
-    f.ReemplazaTag(t, QStringLiteral("<x>"), QStringLiteral("V"), true, ok);
+    QString t = "a<x>1</x>b<x>2</x>c";
+    f.ReemplazaTag(t, "<x>", "V", true, ok);
     EXPECT_EQ(t + (ok ? "+" : "-"), "aVbVc+");
-    t = QStringLiteral("a<x>1</x>b<x>2</x>c");
-    f.ReemplazaTag(t, QStringLiteral("<x>"), QStringLiteral("V"), false, ok);
+    t = "a<x>1</x>b<x>2</x>c";
+    f.ReemplazaTag(t, "<x>", "V", false, ok);
     EXPECT_EQ(t + (ok ? "+" : "-"), "aVb<x>2</x>c+");
     // Failures leave the text as it was: no closing tag, an empty value, a tag of other case.
     for (const auto& [texto, valor] : {std::pair{"a<x>1 b", "V"}, {"a<x>1</x>b", ""}, {"a<X>1</X>b", "V"}}) {
         t = QString::fromUtf8(texto);
         ok = true;
-        f.ReemplazaTag(t, QStringLiteral("<x>"), QString::fromUtf8(valor), true, ok);
+        f.ReemplazaTag(t, "<x>", QString::fromUtf8(valor), true, ok);
         EXPECT_EQ(t, QString::fromUtf8(texto));
         EXPECT_FALSE(ok) << texto;
     }
     // With every element, one that lost its closing tag stops the work as a failure.
-    t = QStringLiteral("a<x>1</x>b<x>2 c");
-    f.ReemplazaTag(t, QStringLiteral("<x>"), QStringLiteral("V"), true, ok);
+    t = "a<x>1</x>b<x>2 c";
+    f.ReemplazaTag(t, "<x>", "V", true, ok);
     EXPECT_EQ(t + (ok ? "+" : "-"), "aVb<x>2 c-");
 
     // The copies start with the character in front of the tag, which also stays before them.
-    t = QStringLiteral("ab<r>R</r>c");
-    f.DuplicaTag(t, QStringLiteral("<r>"), 2, ok);
+    t = "ab<r>R</r>c";
+    f.DuplicaTag(t, "<r>", 2, ok);
     EXPECT_EQ(t + (ok ? "+" : "-"), "abb<r>R</r>\r\nb<r>R</r>\r\nc+");
-    t = QStringLiteral("ab<r>R</r>c");
-    f.DuplicaTag(t, QStringLiteral("<r>"), 0, ok);
+    t = "ab<r>R</r>c";
+    f.DuplicaTag(t, "<r>", 0, ok);
     EXPECT_EQ(t + (ok ? "+" : "-"), "abc+");
-    t = QStringLiteral("ab<r>R c");
-    f.DuplicaTag(t, QStringLiteral("<r>"), 2, ok);
+    t = "ab<r>R c";
+    f.DuplicaTag(t, "<r>", 2, ok);
     EXPECT_EQ(t + (ok ? "+" : "-"), "ab<r>R c-");
-    t = QStringLiteral("<r>R</r>c");
-    EXPECT_THROW(f.DuplicaTag(t, QStringLiteral("<r>"), 1, ok), vb::Error);
+    t = "<r>R</r>c";
+    EXPECT_THROW(f.DuplicaTag(t, "<r>", 1, ok), vb::Error);
 }
 
 TEST_F(PruebaImprimir, UnRenglonPorFacturaEnElOrdenDeLaLista) {
     Plantilla(QString::fromUtf8(plantillaCorta));
-    pagoFacturasImprimir f(Tres(), *vb::Currency::parse(QStringLiteral("360.49")), QStringLiteral("  Librería Sur  "));
+    pagoFacturasImprimir f(Tres(), *vb::Currency::parse("360.49"), "  Librería Sur  ");
     f.Form_Load();
     EXPECT_EQ(Errores(), 0);
-    const QString logo = QUrl::fromLocalFile(programa + QStringLiteral("/xsls/logo.gif")).toString();
-    EXPECT_EQ(Documento(f),
-              "<html><body>\n<h1>Universidad del Valle</h1><h2>Dirección General de Acervos</h2>"
+    const QString logo = QUrl::fromLocalFile(programa + "/xsls/logo.gif").toString();
+    EXPECT_EQ(Documento(f), "<html><body>\n<h1>Universidad del Valle</h1><h2>Dirección General de Acervos</h2>"
               "<p>Fortalecimiento del acervo institucional|Mtra. Ilsa Morvane|Dra. Tessa Quorlin|042|Federal|Librería Sur|" +
-                  vb::Format(vb::Variant(vb::Fecha::Today()), QStringLiteral("dd-mmm-yyyy")) +
+                  vb::Format(vb::Variant(vb::Fecha::Today()), "dd-mmm-yyyy") +
                   "|Libros de texto</p><img src=\"" + logo + "\">\n<table>\n"
                   "\n<renglonDetalle><tr><td>1</td><td>Artes</td><td>A-10</td><td>$100.00</td></tr></renglonDetalle>\r\n"
                   "\n<renglonDetalle><tr><td>2</td><td>Ingeniería</td><td>B-20</td><td>$250.50</td></tr></renglonDetalle>\r\n"
@@ -118,28 +116,27 @@ TEST_F(PruebaImprimir, UnRenglonPorFacturaEnElOrdenDeLaLista) {
     // stays in the last row. No invoices remove the row element.
     auto renglones = Tres();
     renglones[1].numFactura.clear();
-    pagoFacturasImprimir g(renglones, vb::Currency(), QStringLiteral("x"));
+    pagoFacturasImprimir g(renglones, vb::Currency(), "x");
     sistema->cajas.clear();
     g.Form_Load();
     EXPECT_EQ(Errores(), 1);
-    EXPECT_TRUE(Documento(g).contains(QStringLiteral("<td>2</td><td>Ingeniería</td><td>A-11</td><td>$250.50</td>")));
-    EXPECT_TRUE(Documento(g).contains(QStringLiteral("<td>3</td><td>Artes</td><td><numFactura>f</numFactura></td>")));
+    EXPECT_TRUE(Documento(g).contains("<td>2</td><td>Ingeniería</td><td>A-11</td><td>$250.50</td>"));
+    EXPECT_TRUE(Documento(g).contains("<td>3</td><td>Artes</td><td><numFactura>f</numFactura></td>"));
 
-    pagoFacturasImprimir h({}, vb::Currency(), QStringLiteral("x"));
+    pagoFacturasImprimir h({}, vb::Currency(), "x");
     sistema->cajas.clear();
     h.Form_Load();
     EXPECT_EQ(Errores(), 0);
-    EXPECT_TRUE(Documento(h).contains(QStringLiteral("<table>\n\n<tr><td>Total</td><td>$0.00</td></tr>")));
-    EXPECT_FALSE(Documento(h).contains(QStringLiteral("renglonDetalle")));
+    EXPECT_TRUE(Documento(h).contains("<table>\n\n<tr><td>Total</td><td>$0.00</td></tr>"));
+    EXPECT_FALSE(Documento(h).contains("renglonDetalle"));
 }
 
 TEST_F(PruebaImprimir, SinPlantillaOSinLogo) {
-    pagoFacturasImprimir f(Tres(), vb::Currency(), QStringLiteral("x"));
+    pagoFacturasImprimir f(Tres(), vb::Currency(), "x");
     f.Form_Load();
     Caja(1, "Imposible imprimir reporte",
          "No se localizó la plantilla para la impresión del reporte,\r\nasegúrese de que el archivo "
-         "'adqSolRecursos.fdc'\r\nse encuentre en la carpeta '\\KORVEL8\\XSLs\\'",
-         ui::vbCritical);
+         "'adqSolRecursos.fdc'\r\nse encuentre en la carpeta '\\KORVEL8\\XSLs\\'", ui::vbCritical);
     EXPECT_FALSE(f.cmdImprimir->isEnabled());
     EXPECT_FALSE(f.cmdPersonalizar->isEnabled());
     EXPECT_EQ(f.WebBrowser1->LocationURL(), "about:blank");
@@ -147,21 +144,21 @@ TEST_F(PruebaImprimir, SinPlantillaOSinLogo) {
     // A template without the logo's element costs one box, and the page is still shown. The program's
     // folder may end in a separator.
     QString sinLogo = QString::fromUtf8(plantillaCorta);
-    sinLogo.replace(QStringLiteral("<img src=\"<rutalogo>x.gif</rutalogo>\">"), QString());
+    sinLogo.replace("<img src=\"<rutalogo>x.gif</rutalogo>\">", QString());
     Plantilla(sinLogo);
     sistema->rutaPrograma = programa + u'/';
-    pagoFacturasImprimir g(Tres(), vb::Currency(), QStringLiteral("x"));
+    pagoFacturasImprimir g(Tres(), vb::Currency(), "x");
     sistema->cajas.clear();
     g.Form_Load();
     EXPECT_EQ(sistema->Textos(), QStringList{"err"});
-    EXPECT_TRUE(Documento(g).contains(QStringLiteral("<td>3</td><td>Artes</td><td>A-11</td>")));
+    EXPECT_TRUE(Documento(g).contains("<td>3</td><td>Artes</td><td>A-11</td>"));
     EXPECT_TRUE(g.cmdImprimir->isEnabled());
 }
 
 TEST_F(PruebaImprimir, LosTextosCambiadosDuranLoQueLaForma) {
     Plantilla(QString::fromUtf8(plantillaCorta));
     {
-        pagoFacturasImprimir f(Tres(), vb::Currency(), QStringLiteral("x"));
+        pagoFacturasImprimir f(Tres(), vb::Currency(), "x");
         f.Form_Load();
         f.show();
         f.cmdPersonalizar_Click();
@@ -171,40 +168,39 @@ TEST_F(PruebaImprimir, LosTextosCambiadosDuranLoQueLaForma) {
         EXPECT_EQ(textos, (QStringList{"Universidad del Valle", "Dirección General de Acervos",
                                        "Fortalecimiento del acervo institucional", "Mtra. Ilsa Morvane", "Dra. Tessa Quorlin"}));
         // Cancelled, nothing changes; accepted, the page is made again with the new texts.
-        f.Text[0]->setText(QStringLiteral("Otra"));
+        f.Text[0]->setText("Otra");
         f.Command1_Click();
         EXPECT_TRUE(!f.picPersonaliza->isVisible() && f.cmdPersonalizar->isEnabled());
         f.cmdPersonalizar_Click();
         EXPECT_EQ(f.Text[0]->text(), "Universidad del Valle");
-        f.Text[0]->setText(QStringLiteral("Instituto Norte"));
-        f.Text[4]->setText(QStringLiteral("Lic. Ana Paz"));
+        f.Text[0]->setText("Instituto Norte");
+        f.Text[4]->setText("Lic. Ana Paz");
         f.cmdAceptar_Click();
         EXPECT_FALSE(f.picPersonaliza->isVisible());
-        EXPECT_TRUE(Documento(f).contains(QStringLiteral("<h1>Instituto Norte</h1>")));
-        EXPECT_TRUE(Documento(f).contains(QStringLiteral("|Lic. Ana Paz|042|")));
+        EXPECT_TRUE(Documento(f).contains("<h1>Instituto Norte</h1>"));
+        EXPECT_TRUE(Documento(f).contains("|Lic. Ana Paz|042|"));
     }
     // A new form starts from the defaults; without an institution text, the standing name.
     globales::NombreInstitucion.clear();
-    pagoFacturasImprimir g(Tres(), vb::Currency(), QStringLiteral("x"));
+    pagoFacturasImprimir g(Tres(), vb::Currency(), "x");
     g.Form_Load();
-    EXPECT_TRUE(Documento(g).contains(QStringLiteral("<h1>UNIVERSIDAD DE TARVENA</h1>")));
-    EXPECT_TRUE(Documento(g).contains(QStringLiteral("|Dra. Tessa Quorlin|042|")));
+    EXPECT_TRUE(Documento(g).contains("<h1>UNIVERSIDAD DE TARVENA</h1>"));
+    EXPECT_TRUE(Documento(g).contains("|Dra. Tessa Quorlin|042|"));
     EXPECT_EQ(Errores(), 0);
 }
 
 TEST_F(PruebaImprimir, LaPlantillaInstaladaLlevaCadaEtiqueta) {
     sistema->rutaPrograma = QStringLiteral(ADQ_SOURCE_DIR);
-    pagoFacturasImprimir f(Tres(), *vb::Currency::parse(QStringLiteral("360.49")), QStringLiteral("Librería Sur"));
+    pagoFacturasImprimir f(Tres(), *vb::Currency::parse("360.49"), "Librería Sur");
     f.Form_Load();
     EXPECT_TRUE(sistema->cajas.empty()) << sistema->Textos().join(u',').toStdString();
     const QString html = Documento(f);
     for (const char* tag : {"institucion", "depSolicitante", "proyectoGral", "resp_PGral", "NombdepSolicitante", "NoFolio",
                             "fondo", "proveedor", "fecha", "total", "concepto", "rutalogo", "IdPagoDetalle", "proyecto",
-                            "numFactura", "Importe"})
-        EXPECT_FALSE(html.contains(u'<' + QLatin1String(tag) + u'>')) << tag;
-    EXPECT_EQ(html.count(QStringLiteral("<renglonDetalle>")), 3);
-    EXPECT_LT(html.indexOf(QStringLiteral("A-10")), html.indexOf(QStringLiteral("B-20")));
-    EXPECT_LT(html.indexOf(QStringLiteral("B-20")), html.indexOf(QStringLiteral("A-11")));
+                            "numFactura", "Importe"}) EXPECT_FALSE(html.contains(u'<' + QLatin1String(tag) + u'>')) << tag;
+    EXPECT_EQ(html.count("<renglonDetalle>"), 3);
+    EXPECT_LT(html.indexOf("A-10"), html.indexOf("B-20"));
+    EXPECT_LT(html.indexOf("B-20"), html.indexOf("A-11"));
     const QFileInfo logo(QStringLiteral(ADQ_SOURCE_DIR "/xsls/logo.gif"));
     EXPECT_TRUE(html.contains(QUrl::fromLocalFile(logo.absoluteFilePath()).toString()));
     EXPECT_LT(logo.size(), 10 * 1024);

@@ -23,7 +23,7 @@ class PruebaPagos : public PruebaFinanzas {
 protected:
     void SetUp() override {
         PruebaFinanzas::SetUp();
-        mascaraFecha = QStringLiteral("yyyy/mm/dd");
+        mascaraFecha = "yyyy/mm/dd";
         globales::PagoModifica = globales::PagoGrabado = globales::PagoSaldado = globales::PagoDesdeReporte = false;
         globales::IdPagoActual = 0;
         globales::FuentePago.clear();
@@ -36,7 +36,7 @@ protected:
             Ejecuta(QStringLiteral("INSERT INTO adqProyectos (Nombre, IdEscuela, IdFinanciamiento, TotalAsignado) VALUES ('%1', %2, %3, 1000)")
                         .arg(QString::fromUtf8(nombre)).arg(escuela).arg(fuente));
     }
-    static QString Hoy() { return vb::Format(vb::Variant(vb::Fecha::Today()), QStringLiteral("yyyy/mm/dd")); }
+    static QString Hoy() { return vb::Format(vb::Variant(vb::Fecha::Today()), "yyyy/mm/dd"); }
     void Pago(int id, const char* estado, const char* monto, int fuente = 1, const char* pago = "NULL") {
         Ejecuta(QStringLiteral("INSERT INTO PagoFacturasGral (IdPagoFactura, FuenteFinanciamiento, IdProveedor, Monto, Concepto, "
                                "FechaSolicitud, FechaPago, Estado, IdFinanciamiento) VALUES (%1, '%2', 1, %3, 'Libros %1', "
@@ -68,19 +68,19 @@ TEST_F(PruebaPagos, CapturaNumeraGrabaYCambiaLaSolicitud) {
         EXPECT_EQ(globales::IdPagoActual, 1);
         EXPECT_EQ(g.txtClave->text(), "001");
         EXPECT_EQ(g.windowTitle(), "Captura de nuevo pago de facturas");
-        EXPECT_EQ(g.txtFechaSol->text(), vb::Format(vb::Variant(vb::Fecha::Today()), QStringLiteral("dd/mmm/yyyy")));
+        EXPECT_EQ(g.txtFechaSol->text(), vb::Format(vb::Variant(vb::Fecha::Today()), "dd/mmm/yyyy"));
         // Sources in the order of their names: "002 - Estatal", "001 - Federal".
         g.cboFinanciamiento->setListIndex(1);
-        g.txtIdProveedor->setText(QStringLiteral("2"));
+        g.txtIdProveedor->setText("2");
         EXPECT_EQ(g.cboProveedores->ListIndex(), 1);
         g.cboProveedores->setListIndex(0);
         EXPECT_EQ(g.txtIdProveedor->text(), "1");
-        Teclea(g.txtIdProveedor, QStringLiteral("x2"));
+        Teclea(g.txtIdProveedor, "x2");
         EXPECT_EQ(g.txtIdProveedor->text(), "12");
-        g.txtIdProveedor->setText(QStringLiteral("2"));
-        g.txtFechaSol->setText(QStringLiteral("05/03/2024"));
-        g.txtConcepto->setText(QStringLiteral("Libros de texto"));
-        g.txtObservaciones->setText(QStringLiteral("urgente"));
+        g.txtIdProveedor->setText("2");
+        g.txtFechaSol->setText("05/03/2024");
+        g.txtConcepto->setText("Libros de texto");
+        g.txtObservaciones->setText("urgente");
         g.cmdAceptar_Click();
         Caja(1, nullptr, "Registro guardado con éxito...", ui::vbOKOnly);
     }
@@ -96,7 +96,7 @@ TEST_F(PruebaPagos, CapturaNumeraGrabaYCambiaLaSolicitud) {
     Ejecuta("UPDATE PagoFacturasGral SET Monto=1234.5, FechaPago=#2024/04/01# WHERE IdPagoFactura=1");
     globales::PagoModifica = true;
     globales::IdPagoActual = 1;
-    globales::LoginAnalista = QStringLiteral("beto");
+    globales::LoginAnalista = "beto";
     sistema->cajas.clear();
     pagoFacturasGral c;
     c.Form_Load();
@@ -105,7 +105,7 @@ TEST_F(PruebaPagos, CapturaNumeraGrabaYCambiaLaSolicitud) {
               (QStringList{"001", "05/mar/2024", "001 - Federal", "002 - Papelera Norte", "$1,234.50", "01/abr/2024"}));
     c.cboFinanciamiento->setListIndex(0);
     c.txtFechaPago->clear();
-    c.txtConcepto->setText(QStringLiteral("Revistas"));
+    c.txtConcepto->setText("Revistas");
     c.cmdAceptar_Click();
     Caja(1, nullptr, "Registro actualizado con éxito...", ui::vbOKOnly);
     EXPECT_EQ(Filas("SELECT * FROM PagoFacturasGral"),
@@ -116,7 +116,7 @@ TEST_F(PruebaPagos, CapturaNumeraGrabaYCambiaLaSolicitud) {
     sistema->cajas.clear();
     pagoFacturasGral q;
     q.Form_Load();
-    q.txtConcepto->setText(QStringLiteral("Libros d'arte"));
+    q.txtConcepto->setText("Libros d'arte");
     q.cmdAceptar->click();
     ASSERT_EQ(sistema->cajas.size(), 1u);
     EXPECT_EQ(sistema->cajas[0].flags, ui::vbCritical);
@@ -127,7 +127,7 @@ TEST_F(PruebaPagos, CapturaNumeraGrabaYCambiaLaSolicitud) {
     // The suppliers' catalog refills the combo with its own texts; the row last clicked there is the one taken.
     pagoFacturasGral b;
     b.Form_Load();
-    sistema->AlMostrar(QStringLiteral("CatalogoSimple"), [](QDialog&) { globales::NoCuentaSeleccionada = QStringLiteral("2"); });
+    sistema->AlMostrar("CatalogoSimple", [](QDialog&) { globales::NoCuentaSeleccionada = "2"; });
     b.cmdBrowseProveedores_Click();
     EXPECT_EQ(sistema->modales.back(), "CatalogoSimple");
     EXPECT_EQ(b.txtIdProveedor->text(), "2");
@@ -141,8 +141,7 @@ TEST_F(PruebaPagos, ListaPaginaBotonesYSoloPendientes) {
         EXPECT_EQ(vacio.lblTotal->text(), "Pedidos de facturas encontrados: 0");
         EXPECT_TRUE(vacio.cmdNuevoPago->isEnabled());
         for (QPushButton* b : {vacio.cmdModificarPago, vacio.cmdBorrarPago, vacio.cmdDesglocePagos, vacio.cmdSaldarPago,
-                               vacio.cmdImprimirPago})
-            EXPECT_FALSE(b->isEnabled()) << b->objectName().toStdString();
+                               vacio.cmdImprimirPago}) EXPECT_FALSE(b->isEnabled()) << b->objectName().toStdString();
         EXPECT_EQ(UltimoDocumento(),
                   "<HTML><HEAD><STYLE type='text/css'>table {font-family:tahoma, verdana, arial;font-size:8pt;} .td1 "
                   "{font-weight:bold; text-align:right;}</STYLE></HEAD><BODY leftmargin=20 topmargin=5 marginwidth=0 "
@@ -163,8 +162,7 @@ TEST_F(PruebaPagos, ListaPaginaBotonesYSoloPendientes) {
                                 "class=td1>Cliente/Proveedor: </td><td>Librería Sur</td></tr><tr><td class=td1>Cantidad a "
                                 "pagar: </td><td>$1,234.50</td></tr><tr><td class=td1>Fecha de solicitud: </td><td>05/mar/2024"
                                 "</td></tr><tr><td class=td1>Fecha de pago: </td><td>01/abr/2024</td></tr><tr><td class=td1>"
-                                "Concepto: </td><td>Libros 1</td></tr></table></body></html>"))
-        << pagina.toStdString();
+                                "Concepto: </td><td>Libros 1</td></tr></table></body></html>")) << pagina.toStdString();
 
     // Settling needs invoices that add up to something.
     Elige(m, 2);
@@ -238,9 +236,9 @@ TEST_F(PruebaPagos, DesgloceProyectosDeLaFuenteYAvisos) {
         EXPECT_EQ(d.cboProyectos->ListCount(), 2);
         EXPECT_EQ(d.cboProyectos->List(0), "001 - Lab Ingeniería");
         EXPECT_EQ(d.cboProyectos->ItemData(1), 4);
-        EXPECT_EQ(d.windowTitle(), "Desgloce de facturas contenidas en el pago [001]");
-        EXPECT_EQ(d.frameLista->title(), "1 facturas");
-        EXPECT_EQ(d.lblMontoFacturas->text(), "   Total en facturas:   $1,500.25     ");
+        EXPECT_EQ((QStringList{d.windowTitle(), d.frameLista->title(), d.lblMontoFacturas->text()}),
+                  (QStringList{"Desgloce de facturas contenidas en el pago [001]", "1 facturas",
+                               "   Total en facturas:   $1,500.25     "}));
         d.Form_Activate();
         EXPECT_TRUE(sistema->cajas.empty());
     }
@@ -251,8 +249,7 @@ TEST_F(PruebaPagos, DesgloceProyectosDeLaFuenteYAvisos) {
         d.Form_Activate();
         Caja(1, "Desgloce de Facturas",
              "No se encontró ningún proyecto relacionado \r\ncon la fuente de financiamiento 'Federal'\r\n"
-             "por lo que no podrá cargar ninguna factura para cobro.",
-             ui::vbExclamation);
+             "por lo que no podrá cargar ninguna factura para cobro.", ui::vbExclamation);
         EXPECT_FALSE(d.cmdNuevaFactura->isEnabled());
         EXPECT_EQ(d.Total(), vb::Currency::fromDouble(1500.25));
     }
@@ -265,8 +262,7 @@ TEST_F(PruebaPagos, DesgloceProyectosDeLaFuenteYAvisos) {
         Caja(1, "Desgloce de Facturas",
              "Esta solicitud de pago ya ha sido saldada\r\npor lo que no se podrán hacer modificaciones.\r\n\r\n"
              "En caso de que requiera efectuar cambios en las facturas\r\nprimero tendrá que deshacer el pago en la opción "
-             "de 'Saldar pago' ",
-             ui::vbExclamation);
+             "de 'Saldar pago' ", ui::vbExclamation);
         EXPECT_TRUE(d.lblEstado->isVisibleTo(&d));
         d.ListView1_ItemClick(&d.ListView1->ListItems()(1));
         EXPECT_FALSE(d.cmdBorrarFactura->isEnabled());
@@ -288,11 +284,11 @@ TEST_F(PruebaPagos, NumeroDeSolicitudValidadoContraLaEscuelaDelProyecto) {
     Desgloce(d, 1);
     d.cmdNuevaFactura_Click();
     d.cboProyectos->setListIndex(0);     // Lab Ingeniería, school 3
-    d.txtNumFactura->setText(QStringLiteral("A-1"));
-    d.txtMontoFactura->setText(QStringLiteral("250"));
+    d.txtNumFactura->setText("A-1");
+    d.txtMontoFactura->setText("250");
     EXPECT_TRUE(d.cmdGrabarFactura->isEnabled());
 
-    d.txtIDS->setText(QStringLiteral("11"));
+    d.txtIDS->setText("11");
     EXPECT_TRUE(d.cmdValidarIDS->isEnabled());
     EXPECT_TRUE(d.lblNotaIDS->isVisibleTo(&d));
     EXPECT_FALSE(d.cmdGrabarFactura->isEnabled());
@@ -301,17 +297,17 @@ TEST_F(PruebaPagos, NumeroDeSolicitudValidadoContraLaEscuelaDelProyecto) {
     EXPECT_EQ(d.lblMessage->palette().color(QPalette::WindowText), controles::ColorVB(192));
     EXPECT_FALSE(d.cmdGrabarFactura->isEnabled());
 
-    d.txtIDS->setText(QStringLiteral("10"));
+    d.txtIDS->setText("10");
     EXPECT_TRUE(d.lblMessage->text().isEmpty());
     d.cmdValidarIDS_Click();
     EXPECT_EQ(d.lblMessage->text(), "Continuar. Valor aceptado de numero de solicitud");
     EXPECT_EQ(d.lblMessage->palette().color(QPalette::WindowText), controles::ColorVB(16711680));
     EXPECT_TRUE(d.cmdGrabarFactura->isEnabled());
     // A second change wants a new validation.
-    d.txtIDS->setText(QStringLiteral("100"));
+    d.txtIDS->setText("100");
     EXPECT_FALSE(d.cmdGrabarFactura->isEnabled());
 
-    d.txtIDS->setText(QStringLiteral("-4"));
+    d.txtIDS->setText("-4");
     EXPECT_FALSE(d.cmdValidarIDS->isEnabled());
     d.cmdValidarIDS_Click();
     EXPECT_EQ(d.lblMessage->text(), "Corregir. No es un valor valido para el numero de una solicitud");
@@ -321,9 +317,9 @@ TEST_F(PruebaPagos, NumeroDeSolicitudValidadoContraLaEscuelaDelProyecto) {
 
     // The amount takes only digits and separators; zero or no number can't be saved.
     d.txtMontoFactura->clear();
-    Teclea(d.txtMontoFactura, QStringLiteral("1a2,5.0"));
+    Teclea(d.txtMontoFactura, "1a2,5.0");
     EXPECT_EQ(d.txtMontoFactura->text(), "12,5.0");
-    d.txtMontoFactura->setText(QStringLiteral("0.00"));
+    d.txtMontoFactura->setText("0.00");
     EXPECT_FALSE(d.cmdGrabarFactura->isEnabled());
 }
 
@@ -335,15 +331,15 @@ TEST_F(PruebaPagos, GrabaFacturasConYSinLasColumnasDeSolicitud) {
         Desgloce(d, 1);
         d.cmdNuevaFactura_Click();
         d.cboProyectos->setListIndex(1);     // Taller Artes, school 4
-        d.txtNumFactura->setText(QStringLiteral("A-1"));
-        d.txtMontoFactura->setText(QStringLiteral("250.5"));
-        d.txtIDS->setText(QStringLiteral("10"));
+        d.txtNumFactura->setText("A-1");
+        d.txtMontoFactura->setText("250.5");
+        d.txtIDS->setText("10");
         d.cmdGrabarFactura_Click();
         Caja(1, "Captura de facturas", "Factura grabada con éxito", ui::vbInformation);
         d.cmdNuevaFactura_Click();
         d.cboProyectos->setListIndex(0);
-        d.txtNumFactura->setText(QStringLiteral("A-2"));
-        d.txtMontoFactura->setText(QStringLiteral("100"));
+        d.txtNumFactura->setText("A-2");
+        d.txtMontoFactura->setText("100");
         d.cmdGrabarFactura_Click();
         EXPECT_TRUE(d.frameLista->isVisibleTo(&d) && !d.frameCaptura->isVisibleTo(&d));
         EXPECT_EQ(d.windowTitle(), "Desgloce de facturas contenidas en el pago 001");
@@ -360,12 +356,11 @@ TEST_F(PruebaPagos, GrabaFacturasConYSinLasColumnasDeSolicitud) {
         EXPECT_EQ(d.cboProyectos->ListIndex(), 1);
         EXPECT_EQ(d.txtMontoFactura->text(), "1250.50");
         d.cboProyectos->setListIndex(0);
-        d.txtNumFactura->setText(QStringLiteral("A-1b"));
+        d.txtNumFactura->setText("A-1b");
         d.cmdGrabarFactura_Click();
         Caja(3, "Modificación de facturas", "Factura modificada con éxito", ui::vbInformation);
         EXPECT_EQ(Filas("SELECT IdProyecto, NoFactura, MontoFactura, FechaMod, IdSolicitud, IdEscuela FROM PagoFacturasDetalle "
-                        "WHERE IdFacturaItem=1"),
-                  QStringList{"1|A-1b|1250.5|" + Hoy() + "|NULL|3"});
+                        "WHERE IdFacturaItem=1"), QStringList{"1|A-1b|1250.5|" + Hoy() + "|NULL|3"});
         EXPECT_EQ(d.Total(), vb::Currency::fromDouble(1350.5));
     }
     EXPECT_EQ(Monto(1), "1350.5");
@@ -378,12 +373,12 @@ TEST_F(PruebaPagos, GrabaFacturasConYSinLasColumnasDeSolicitud) {
     Desgloce(d, 1);
     d.cmdNuevaFactura_Click();
     d.cboProyectos->setListIndex(0);
-    d.txtNumFactura->setText(QStringLiteral("B-1"));
-    d.txtMontoFactura->setText(QStringLiteral("10"));
+    d.txtNumFactura->setText("B-1");
+    d.txtMontoFactura->setText("10");
     d.cmdGrabarFactura_Click();
     d.ListView1->ListItems()(3).setSelected(true);
     d.cmdModificarFactura_Click();
-    d.txtMontoFactura->setText(QStringLiteral("20"));
+    d.txtMontoFactura->setText("20");
     d.cmdGrabarFactura_Click();
     ASSERT_EQ(sistema->cajas.size(), 2u);
     EXPECT_EQ(sistema->Textos(), (QStringList{"Factura grabada con éxito", "Factura modificada con éxito"}));
@@ -423,7 +418,7 @@ TEST_F(PruebaPagos, ElMontoSeEscribeUnaVezAlDescargar) {
     m.Form_Load();
     Elige(m, 2);
     EXPECT_TRUE(m.cmdSaldarPago->isEnabled());
-    sistema->AlMostrar(QStringLiteral("pagoFacturasDetalle"), [](QDialog& pantalla) {
+    sistema->AlMostrar("pagoFacturasDetalle", [](QDialog& pantalla) {
         auto& d = static_cast<pagoFacturasDetalle&>(pantalla);
         d.ListView1->ListItems()(1).setSelected(true);
         d.cmdBorrarFactura_Click();

@@ -29,7 +29,7 @@ protected:
 
     void SetUp() override {
         PruebaFinanzas::SetUp();
-        mascaraFecha = QStringLiteral("yyyy/mm/dd");
+        mascaraFecha = "yyyy/mm/dd";
         for (const auto& [id, nombre, monto] : {std::tuple{1, "Federal", 10000}, {2, "Estatal", 5000}}) {
             Ejecuta(QStringLiteral("INSERT INTO adqFinanciamiento (Nombre, MontoTotal, FechaCaptura, MontoAsignadoDisponible, UltimoMovimiento, "
                                    "MontoXAsignar, IdCapturista) VALUES ('%1', %2, #2024/01/1%3#, 0, #2024/01/1%3#, %2, 'ana')").arg(nombre).arg(monto).arg(id - 1));
@@ -38,7 +38,7 @@ protected:
     }
     // The text with each "@" replaced by today's date.
     static QString Hoy(const char* s) {
-        return QString::fromUtf8(s).replace(u'@', vb::Format(vb::Variant(vb::Fecha::Today()), QStringLiteral("yyyy/mm/dd")));
+        return QString::fromUtf8(s).replace(u'@', vb::Format(vb::Variant(vb::Fecha::Today()), "yyyy/mm/dd"));
     }
     QString Fuente(int id) {
         return Filas(QStringLiteral("SELECT MontoTotal, MontoXAsignar, MontoAsignadoDisponible, UltimoMovimiento FROM "
@@ -101,7 +101,7 @@ TEST_F(PruebaProyectos, AsignaADosEscuelasYMueveLaFuente) {
     EXPECT_EQ(Libro(), QStringList{Hoy("3|1|@|2500.5|0|+ADDproy|ana")});
     EXPECT_EQ(p.Estado(), "NCE");
 
-    globales::LoginAnalista = QStringLiteral("beto");
+    globales::LoginAnalista = "beto";
     Captura(p, Artes, Federal, "1000", "Mtro. Ruiz");
     EXPECT_EQ(p.lblIdProyecto->text(), "002");
     p.cmdGrabar_Click();
@@ -123,9 +123,8 @@ TEST_F(PruebaProyectos, CambioSinPagosDevuelveLoAnteriorYCobraLoNuevo) {
     EXPECT_EQ(p.cboFuenteFinanciamiento->ListIndex(), -1);
     p.cmdModificar_Click();
     p.cmdGrabar_Click();
-    ASSERT_EQ(sistema->cajas.size(), 1u);
-    EXPECT_EQ(sistema->cajas[0].texto, encabezado + " la 'fuente de financiamiento' del proyecto es un valor requerido, \r\n");
-    EXPECT_EQ(sistema->cajas[0].titulo, "Error en captura de datos");
+    Caja(1, "Error en captura de datos", encabezado + " la 'fuente de financiamiento' del proyecto es un valor requerido, \r\n",
+         ui::vbExclamation);
     EXPECT_EQ(p.Estado(), "MOD");
     p.cmdCancelar_Click();
     EXPECT_EQ(p.Estado(), "NCE");
@@ -164,7 +163,7 @@ TEST_F(PruebaProyectos, ElMontoNoPasaDeLoQueLaFuenteTienePorAsignar) {
     q.cmdGrabar_Click();
     Caja(1, nullptr, excede, ui::vbExclamation);
     EXPECT_EQ(Fuente(1), Hoy("10000|7500|2500|@"));
-    q.txtTotalAsignado->setText(QStringLiteral("10000"));   // all that is left
+    q.txtTotalAsignado->setText("10000");   // all that is left
     q.cmdGrabar_Click();
     EXPECT_EQ(Fuente(1) + QString::number(sistema->cajas.size()), Hoy("10000|0|10000|@1"));
 
@@ -181,8 +180,7 @@ TEST_F(PruebaProyectos, LaValidacionDiceCadaFaltaEnSuOrden) {
     p.cmdNueva_Click();
     p.cmdGrabar_Click();
     ASSERT_EQ(sistema->cajas.size(), 1u);
-    EXPECT_EQ(sistema->cajas[0].texto,
-              encabezado + QStringLiteral(" el 'responsable' del proyecto es un valor requerido, \r\n"
+    EXPECT_EQ(sistema->cajas[0].texto, encabezado + QStringLiteral(" el 'responsable' del proyecto es un valor requerido, \r\n"
                                           " la 'fuente de financiamiento' del proyecto es un valor requerido, \r\n"
                                           " La 'DES' seleccionada no es correcta, \r\n"
                                           " el 'monto total' asignado al proyecto es un valor requerido, \r\n"
@@ -222,8 +220,7 @@ TEST_F(PruebaProyectos, ElBorradoComparaLosMontosComoTexto) {
     Caja(1, "¡Operación no permitida!",
          "Lo sentimos pero no podrá eliminar está asignación de recursos,\r\npuesto que ya existen operaciones de pagos "
          "relacionadas,\r\nsi desea eliminar este proyecto tendrá que cancelar cada una de \r\n"
-         "las operaciones de pago relacionadas con este proyecto",
-         ui::vbCritical);
+         "las operaciones de pago relacionadas con este proyecto", ui::vbCritical);
     EXPECT_EQ(sistema->beeps + Cuenta("adqProyectos"), 1 + 3);
 
     // Answered No: nothing goes.
@@ -313,14 +310,12 @@ TEST_F(PruebaProyectos, SinFuentesNoSePuedeAsignar) {
     Ejecuta("DELETE FROM adqFinanciamiento");
     Proyectos p;
     p.Form_Load();
-    ASSERT_EQ(sistema->cajas.size(), 1u);
-    EXPECT_EQ(sistema->cajas[0].titulo, "No hay fuentes de financiamiento");
-    EXPECT_EQ(sistema->cajas[0].texto, "No podrá asignar recursos en este momento porque\r\nno existe ninguna fuente de financiamiento,\r\n\r\n"
-                                       "primero deberá utilizar la opción de 'Fuentes de financiamiento'");
+    Caja(1, "No hay fuentes de financiamiento", "No podrá asignar recursos en este momento porque\r\nno existe ninguna fuente de "
+         "financiamiento,\r\n\r\nprimero deberá utilizar la opción de 'Fuentes de financiamiento'", ui::vbExclamation);
     EXPECT_EQ(sistema->beeps, 1);
     EXPECT_FALSE(p.cmdNueva->isEnabled() || p.cmdBorrar->isEnabled());
     finanzas::RegistraComandos();
-    EXPECT_TRUE(FormPrincipal::PantallaDisponible(QStringLiteral("menuProyectos")));
+    EXPECT_TRUE(FormPrincipal::PantallaDisponible("menuProyectos"));
 }
 
 }  // namespace

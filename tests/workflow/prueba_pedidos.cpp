@@ -1,6 +1,7 @@
 // The order screens: which requests can be ordered, the marks and the select-all box, the list of numbers
 // handed to the order document, what the document holds, marking as ordered, leaving without marking, and
 // saving the document by the file type chosen.
+#include "ayuda_cajas.h"
 #include "ayuda_flujo.h"
 
 #include "core/vb/Cadenas.h"
@@ -49,15 +50,14 @@ TEST_F(PruebaPedidos, SinSolicitudesQuePedirAvisaYDeshabilita) {
     f.Form_Load();
     EXPECT_EQ(f.ListView1->ListItems().Count(), 0);     // without titles, or already ordered
     ASSERT_EQ(sistema->cajas.size(), 1u);
-    EXPECT_EQ(sistema->cajas[0].texto, QStringLiteral("No hay ninguna solicitud en proceso."));
-    EXPECT_EQ(sistema->cajas[0].titulo, QStringLiteral("No es posible hacer un pedido"));
-    EXPECT_EQ(sistema->cajas[0].flags, ui::vbExclamation);
+    EXPECT_EQ(Caja(sistema->cajas[0]), Caja("No es posible hacer un pedido", ui::vbExclamation,
+                                            "No hay ninguna solicitud en proceso."));
     EXPECT_FALSE(f.Check1->isEnabled());
     EXPECT_FALSE(f.Command1->isEnabled());
-    EXPECT_EQ(f.Frame2->title(), QStringLiteral("Listado de solicitudes pendientes de pedir: 0"));
+    EXPECT_EQ(f.Frame2->title(), "Listado de solicitudes pendientes de pedir: 0");
     f.Command1_Click();
-    EXPECT_EQ(sistema->UltimaCaja().texto, QStringLiteral("No existe informacióin a procesar"));
-    EXPECT_EQ(sistema->UltimaCaja().titulo, QStringLiteral("Error"));
+    EXPECT_EQ(sistema->UltimaCaja().texto, "No existe informacióin a procesar");
+    EXPECT_EQ(sistema->UltimaCaja().titulo, "Error");
     EXPECT_TRUE(sistema->modales.isEmpty());
 }
 
@@ -66,10 +66,10 @@ TEST_F(PruebaPedidos, ListaMarcasYSeleccionarTodas) {
     Ped1 f;
     f.Form_Load();
     controles::ListView& l = *f.ListView1;
-    EXPECT_EQ(Textos(l), (QStringList{QStringLiteral("012"), QStringLiteral("007")}));
-    EXPECT_EQ(l.ListItems()(2).SubItems(3), QStringLiteral("Ingeniería"));
+    EXPECT_EQ(Textos(l), (QStringList{"012", "007"}));
+    EXPECT_EQ(l.ListItems()(2).SubItems(3), "Ingeniería");
     EXPECT_EQ(vb::Trim(l.ListItems()(2).SubItems(5)).toInt(), 3);
-    EXPECT_EQ(f.Frame2->title(), QStringLiteral("Listado de solicitudes pendientes de pedir: 2"));
+    EXPECT_EQ(f.Frame2->title(), "Listado de solicitudes pendientes de pedir: 2");
     EXPECT_TRUE(f.Check1->isEnabled());
     EXPECT_FALSE(f.Command1->isEnabled());
     EXPECT_TRUE(sistema->cajas.empty());
@@ -98,28 +98,25 @@ TEST_F(PruebaPedidos, DocumentoYMarcarComoPedidos) {
     globales::NavValor = vb::Variant(QStringLiteral("012, 007"));
     Ped1_Repor r;
     r.Form_Load();
-    EXPECT_TRUE(r.DocumentoXml.contains(QStringLiteral("href=\"xsls\\Formato.xsl\"")));
-    EXPECT_EQ(r.DocumentoXml.count(QStringLiteral("<Libro>")), 4);    // whatever the title's own state
-    EXPECT_FALSE(r.DocumentoXml.contains(QStringLiteral("Retórica")));
+    EXPECT_TRUE(r.DocumentoXml.contains("href=\"xsls\\Formato.xsl\""));
+    EXPECT_EQ(r.DocumentoXml.count("<Libro>"), 4);    // whatever the title's own state
+    EXPECT_FALSE(r.DocumentoXml.contains("Retórica"));
     EXPECT_EQ(UltimoDocumento(), r.DocumentoHtml);
-    EXPECT_TRUE(r.DocumentoHtml.contains(QStringLiteral("Química")));
+    EXPECT_TRUE(r.DocumentoHtml.contains("Química"));
 
     r.Command1_Click();
     EXPECT_TRUE(r.Marcado);
     EXPECT_FALSE(r.Command1->isEnabled());
-    EXPECT_EQ(sistema->UltimaCaja().texto, QStringLiteral("Los libros ya fueron marcados como pedidos"));
-    EXPECT_EQ(sistema->UltimaCaja().titulo, QStringLiteral("Libros marcados"));
-    EXPECT_EQ(sistema->UltimaCaja().flags, ui::vbInformation);
-    EXPECT_EQ(Valor("SELECT Count(*) FROM [Solicitudes General] WHERE Estado='P' AND NoSolicitud IN (7, 12)"),
-              QStringLiteral("2"));
+    EXPECT_EQ(Caja(sistema->UltimaCaja()), Caja("Libros marcados", ui::vbInformation,
+                                            "Los libros ya fueron marcados como pedidos"));
+    EXPECT_EQ(Valor("SELECT Count(*) FROM [Solicitudes General] WHERE Estado='P' AND NoSolicitud IN (7, 12)"), "2");
     const QDateTime pedido = QDateTime::fromString(
         Valor("SELECT Format(FechaPedido,'yyyy/mm/dd hh:nn:ss') FROM [Solicitudes General] WHERE NoSolicitud=12"),
-        QStringLiteral("yyyy/MM/dd HH:mm:ss"));
+        "yyyy/MM/dd HH:mm:ss");
     EXPECT_LT(std::abs(pedido.secsTo(QDateTime::currentDateTime())), 120);
     EXPECT_EQ(Valor("SELECT Estado & IIf(IsNull(FechaPedido), ' sin fecha', ' con fecha') FROM [Solicitudes General] "
-                    "WHERE NoSolicitud=15"),
-              QStringLiteral("S sin fecha"));
-    EXPECT_EQ(Valor("SELECT Count(*) FROM [Solicitudes Libros] WHERE Estado='P'"), QStringLiteral("5"));
+                    "WHERE NoSolicitud=15"), "S sin fecha");
+    EXPECT_EQ(Valor("SELECT Count(*) FROM [Solicitudes Libros] WHERE Estado='P'"), "5");
     const size_t cajas = sistema->cajas.size();
     r.Command3_Click();                                  // marked: leaves without asking
     EXPECT_EQ(sistema->cajas.size(), cajas);
@@ -129,7 +126,7 @@ TEST_F(PruebaPedidos, ProcesarPasaLosNumerosEnElOrdenDeLaListaYSalirSinMarcarPre
     Solicitudes();
     sistema->muestraModales = true;
     bool abiertaTrasNo = false, abiertaTrasEscape = false;
-    sistema->AlMostrar(QStringLiteral("Ped1_Repor"), [&](QDialog& d) {
+    sistema->AlMostrar("Ped1_Repor", [&](QDialog& d) {
         sistema->Responde({ui::vbNo, ui::vbNo, ui::vbYes});
         d.close();                                       // the close box
         abiertaTrasNo = d.isVisible();
@@ -142,15 +139,13 @@ TEST_F(PruebaPedidos, ProcesarPasaLosNumerosEnElOrdenDeLaListaYSalirSinMarcarPre
     f.Check1->setChecked(true);
     emit f.ListView1->ColumnClick(3);                    // by requester: Luis (007) first
     f.Command1_Click();
-    EXPECT_EQ(globales::NavValor.text(), QStringLiteral("007, 012"));
+    EXPECT_EQ(globales::NavValor.text(), "007, 012");
     EXPECT_TRUE(abiertaTrasNo);
     EXPECT_TRUE(abiertaTrasEscape);
     ASSERT_EQ(sistema->cajas.size(), 3u);
-    EXPECT_EQ(sistema->cajas[0].texto,
-              QStringLiteral("No ha marcado los libros como pedidos.\r\n ¿Desea salir de todos modos ?"));
-    EXPECT_EQ(sistema->cajas[0].titulo, QStringLiteral("Precaución"));
-    EXPECT_EQ(sistema->cajas[0].flags, ui::vbYesNo);
-    EXPECT_EQ(Valor("SELECT Count(*) FROM [Solicitudes General] WHERE Estado='S'"), QStringLiteral("3"));
+    EXPECT_EQ(Caja(sistema->cajas[0]), Caja("Precaución", ui::vbYesNo,
+                                            "No ha marcado los libros como pedidos.\r\n ¿Desea salir de todos modos ?"));
+    EXPECT_EQ(Valor("SELECT Count(*) FROM [Solicitudes General] WHERE Estado='S'"), "3");
     // Loaded again, nothing marked.
     EXPECT_EQ(f.ListView1->ListItems().Count(), 2);
     EXPECT_EQ(f.Contar(), 0);
@@ -158,7 +153,7 @@ TEST_F(PruebaPedidos, ProcesarPasaLosNumerosEnElOrdenDeLaListaYSalirSinMarcarPre
     EXPECT_FALSE(f.Command1->isEnabled());
 
     f.Command1_Click();                                  // nothing marked: the list is "0"
-    EXPECT_EQ(globales::NavValor.text(), QStringLiteral("0"));
+    EXPECT_EQ(globales::NavValor.text(), "0");
 }
 
 // The order as the supplier and the department read it: the saved XML names the copies ordered
@@ -169,7 +164,7 @@ TEST_F(PruebaPedidos, ElPedidoGuardadoLlevaLosEjemplaresPedidos) {
     globales::NavValor = vb::Variant(QStringLiteral("007"));
     Ped1_Repor r;
     r.Form_Load();
-    const QString xml = dir.filePath(QStringLiteral("pedido.xml"));
+    const QString xml = dir.filePath("pedido.xml");
     sistema->archivos = {ui::RespuestaArchivo::Elige(xml, 2)};
     r.Command2_Click();
     QFile f(xml);
@@ -185,12 +180,10 @@ TEST_F(PruebaPedidos, ElPedidoGuardadoLlevaLosEjemplaresPedidos) {
     EXPECT_EQ(copias, (QStringList{"2", "3", "4"}));
     EXPECT_TRUE(otros.isEmpty());
 
-    EXPECT_TRUE(r.DocumentoHtml.contains(QStringLiteral("Títulos: 3. Ejemplares pedidos: 9")));
-    EXPECT_FALSE(r.DocumentoHtml.contains(QStringLiteral("Periodo")));
+    EXPECT_TRUE(r.DocumentoHtml.contains("Títulos: 3. Ejemplares pedidos: 9"));
+    EXPECT_FALSE(r.DocumentoHtml.contains("Periodo"));
     // Request 7: school 3, library 1.
-    EXPECT_TRUE(r.DocumentoHtml.contains(QStringLiteral(">Ingeniería<")));
-    EXPECT_TRUE(r.DocumentoHtml.contains(QStringLiteral(">Central<")));
-    EXPECT_TRUE(r.DocumentoHtml.contains(QStringLiteral(">05/mar/2024<")));
+    for (const char* dato : {">Ingeniería<", ">Central<", ">05/mar/2024<"}) EXPECT_TRUE(r.DocumentoHtml.contains(dato)) << dato;
     EXPECT_TRUE(sistema->cajas.empty());
 }
 
@@ -199,20 +192,19 @@ TEST_F(PruebaPedidos, GuardarPorTipoDeArchivoEImprimir) {
     globales::NavValor = vb::Variant(QStringLiteral("007"));
     Ped1_Repor r;
     r.Form_Load();
-    const QString html = dir.filePath(QStringLiteral("pedido.xml")), xml = dir.filePath(QStringLiteral("pedido.htm")),
-                  otro = dir.filePath(QStringLiteral("otro.txt"));
+    const QString html = dir.filePath("pedido.xml"), xml = dir.filePath("pedido.htm"), otro = dir.filePath("otro.txt");
     sistema->archivos = {ui::RespuestaArchivo::Elige(html, 1), ui::RespuestaArchivo::Elige(xml, 2),
                          ui::RespuestaArchivo::Elige(otro, 3), ui::RespuestaArchivo::Cancela()};
     for (int i = 0; i < 4; ++i) r.Command2_Click();
     ASSERT_EQ(sistema->dialogos.size(), 4u);
-    EXPECT_EQ(sistema->dialogos[0].dialogo.filtro, QStringLiteral("(Archivos HTML) | *.htm| (Archivos XML) | *.xml|"));
+    EXPECT_EQ(sistema->dialogos[0].dialogo.filtro, "(Archivos HTML) | *.htm| (Archivos XML) | *.xml|");
     auto lee = [](const QString& ruta) {
         QFile f(ruta);
         return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray("(no existe)");
     };
     // The file type decides, not the extension typed.
-    EXPECT_EQ(lee(html), vb::Windows1252(r.DocumentoHtml + QStringLiteral("\r\n")));
-    EXPECT_EQ(lee(xml), vb::Windows1252(r.DocumentoXml + QStringLiteral("\r\n")));
+    EXPECT_EQ(lee(html), vb::Windows1252(r.DocumentoHtml + "\r\n"));
+    EXPECT_EQ(lee(xml), vb::Windows1252(r.DocumentoXml + "\r\n"));
     EXPECT_FALSE(QFile::exists(otro));
     EXPECT_FALSE(r.Marcado);
     EXPECT_TRUE(sistema->cajas.empty());
@@ -226,14 +218,12 @@ TEST_F(PruebaPedidos, GuardarPorTipoDeArchivoEImprimir) {
 
     struct VistaQueFalla : ui::VistaHtmlPrueba {
         using VistaHtmlPrueba::VistaHtmlPrueba;
-        bool Imprimir(bool) override { throw vb::Error(482, QStringLiteral("Error de impresora")); }
+        bool Imprimir(bool) override { throw vb::Error(482, "Error de impresora"); }
     };
     r.ListView1 = std::make_unique<VistaQueFalla>(&r, sistema);
     r.Command4->click();
     ASSERT_EQ(sistema->cajas.size(), 1u);
-    EXPECT_EQ(sistema->cajas[0].texto, QStringLiteral("Error de impresora"));
-    EXPECT_EQ(sistema->cajas[0].titulo, QString());
-    EXPECT_EQ(sistema->cajas[0].flags, ui::vbCritical);
+    EXPECT_EQ(Caja(sistema->cajas[0]), Caja(QString(), ui::vbCritical, "Error de impresora"));
 }
 
 }  // namespace
