@@ -2,6 +2,7 @@
 // What the suites that work on a database share: the scripted platform installed, a fresh database with every
 // table in a temporary folder open as the program's database, and a reader of single values.
 #include "texto_gtest.h"
+#include "base_prueba.h"
 
 #include "core/Esquema.h"
 #include "core/Globales.h"
@@ -17,9 +18,7 @@ inline ui::PlataformaPrueba* InstalaBaseNueva(const QTemporaryDir& dir) {
     auto p = std::make_unique<ui::PlataformaPrueba>();
     ui::PlataformaPrueba* sistema = p.get();
     ui::InstalaPlataforma(std::move(p));
-    auto db = dao::Database::CreateDatabase(dir.filePath(QStringLiteral("KORVEL8.mdb")));
-    esquema::CreaTablas(*db);
-    globales::BaseDatos = std::move(db);
+    globales::BaseDatos = BaseConTablas(dir);
     return sistema;
 }
 

@@ -16,6 +16,12 @@
 struct sqlite3;
 struct sqlite3_stmt;
 
+namespace jet {
+class ConexionPostgres;
+class ResultadoPg;
+struct Emision;
+}
+
 namespace dao {
 
 enum : int {
@@ -227,9 +233,16 @@ public:
     // read-only, as does any file when soloLectura is asked; writes then raise 3027. On a network
     // filesystem the database runs with the rollback journal instead of the write-ahead log.
     static std::unique_ptr<Database> OpenDatabase(const QString& ruta, bool soloLectura = false);
-    // A new empty database; 3204 if the file exists.
+    // A name may also be a PostgreSQL server's URI (postgresql://user@host:port/base): the database lives on
+    // the server, shared by every workstation, with the same behaviour.
+    // A new empty database; 3204 if the file (or the server's database) exists.
     static std::unique_ptr<Database> CreateDatabase(const QString& ruta, const QString& idioma = dbLangSpanish,
                                                     int opciones = 0);
+
+    // Removes a server's database that nobody else has open; false when it doesn't exist.
+    static bool DropDatabase(const QString& uri);
+    // A new database on a server as a copy of another of the same server that nobody has open.
+    static void CopiaBaseEnServidor(const QString& origen, const QString& destino);
 
     void Execute(const QString& sentencia, int opciones = 0);
     long long RecordsAffected() const { return afectados_; }
@@ -255,8 +268,12 @@ public:
     // The schemas (main, attached files) whose money is still kept as decimals: read-only old files.
     const QStringList& monedaAntigua() const { return monedaAntigua_; }
 
+    // Whether the database lives on a server.
+    bool EnServidor() const { return pg_ != nullptr; }
+
     // For the engine's own layers.
     sqlite3* sqlite() const { return db_; }
+    jet::ConexionPostgres* postgres() const { return pg_.get(); }
     jet::Catalogo& catalogo() { return *catalogo_; }
     [[noreturn]] void lanzaSqlite(int rc) const;
 
@@ -266,11 +283,15 @@ private:
     friend class TableDefsCollection;
     Database() = default;
     void abre(const QString& ruta, bool crear, bool soloLectura = false);
+    void abreServidor(const QString& uri, bool crear);
+    void ejecutaEnServidor(jet::Sentencia& s, int opciones);
+    bool indiceEnServidor(const QString& nombre, const QString& tabla, const QStringList& columnas);
     QString adjunta(const QString& ruta);
     void sueltaAdjuntas();
     void ejecutaDdl(const jet::Sentencia& s);
 
     sqlite3* db_ = nullptr;
+    std::unique_ptr<jet::ConexionPostgres> pg_;
     QString ruta_;
     QString rutaAbierta_;      // the canonical path registered as open in this process
     bool enRed_ = false;
@@ -331,6 +352,14 @@ private:
     friend class Field;
     Recordset() = default;
     void abre();
+    void abreEnServidor(const jet::Emision& e);
+    // Where criteria and defaults are worked out: the file's own connection, or an in-memory one beside a server.
+    sqlite3* motorLocal() const;
+    qint64 siguienteContador();
+    // Writes the row being edited or added on the server; the row's id.
+    qint64 escribeEnServidor(const QStringList& columnas, const std::vector<vb::Variant>& valores);
+    void borraEnServidor();
+    qint64 rowidDe(long fila) const;
     bool trae();                          // one more row from SQLite; false at the end
     void traeTodo();
     void situa(long indice);              // current row by index, fetching as needed
@@ -363,6 +392,7 @@ private:
         // By value.
         void agregaDeSentencia(sqlite3_stmt* st);
         void agrega(const vb::Variant* valores);
+        void agregaCrudos(jet::ValorCrudo* valores) { escribe(valores); olvidaAparte(); }
         void reemplaza(long i, const vb::Variant* valores);
         // The row taken apart if it is `fila`, else nothing.
         const jet::ValorCrudo* aparte(long fila) const { return fila == filaAparte_ ? aparte_.data() : nullptr; }

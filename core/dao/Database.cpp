@@ -1,5 +1,6 @@
 #include "core/dao/Dao.h"
 
+#include "core/jet/ConexionPostgres.h"
 #include "core/jet/EmisorSqlite.h"
 #include "core/jet/ErroresMotor.h"
 #include "core/jet/FuncionesSqlite.h"
@@ -382,6 +383,10 @@ void Database::terminaLecturas() {
 }
 
 void Database::Close() {
+    if (pg_) {
+        catalogo_.reset();
+        pg_.reset();
+    }
     if (db_) {
         catalogo_.reset();   // its prepared statements go before the connection
         sqlite3_close_v2(db_);
@@ -397,10 +402,12 @@ void Database::Close() {
 void Database::lanzaSqlite(int rc) const { LanzaSqlite(db_, rc, ruta_); }
 
 bool Database::AbiertaEnEsteProceso(const QString& ruta) {
+    if (EsUriServidor(ruta)) return false;
     return QFileInfo::exists(ruta) && Abiertas().contains(Canonica(ruta));
 }
 
 void Database::ArchivoAutonomo() {
+    if (pg_) Lanza(ErrOperacionNoValida);
     if (!db_) vb::ErrorObjetoNoEstablecido();
     if (soloLectura_) Lanza(ErrSoloLectura);
     terminaLecturas();
@@ -484,7 +491,7 @@ void Database::abre(const QString& ruta, bool crear, bool soloLectura) {
     rutaAbierta_ = crear ? Canonica(ruta) : canonica;
     ++Abiertas()[rutaAbierta_];
     RegistraFunciones(db_);
-    catalogo_ = std::make_unique<Catalogo>(db_);
+    catalogo_ = std::make_unique<CatalogoSqlite>(db_);
     tableDefs_.db_ = this;
     monedaAntigua_.clear();
     if (crear) {
@@ -512,6 +519,11 @@ void Database::abre(const QString& ruta, bool crear, bool soloLectura) {
 }
 
 std::unique_ptr<Database> Database::OpenDatabase(const QString& ruta, bool soloLectura) {
+    if (EsUriServidor(ruta)) {
+        std::unique_ptr<Database> db(new Database);
+        db->abreServidor(ruta, false);
+        return db;
+    }
     // A file this process has open is a database already, and is not to be opened behind SQLite's back.
     if (!AbiertaEnEsteProceso(ruta)) {
         const Formato f = FormatoDe(ruta);
@@ -526,8 +538,12 @@ std::unique_ptr<Database> Database::OpenDatabase(const QString& ruta, bool soloL
 std::unique_ptr<Database> Database::CreateDatabase(const QString& ruta, const QString& idioma, int opciones) {
     Q_UNUSED(idioma);
     Q_UNUSED(opciones);
-    if (QFileInfo::exists(ruta)) Lanza(ErrBaseYaExiste);
     std::unique_ptr<Database> db(new Database);
+    if (EsUriServidor(ruta)) {
+        db->abreServidor(ruta, true);
+        return db;
+    }
+    if (QFileInfo::exists(ruta)) Lanza(ErrBaseYaExiste);
     db->abre(ruta, true);
     return db;
 }
@@ -649,6 +665,7 @@ void Database::ejecutaDdl(const Sentencia& s) {
 }
 
 bool Database::AseguraIndiceDeConsulta(const QString& nombre, const QString& tabla, const QStringList& columnas) {
+    if (pg_) return indiceEnServidor(nombre, tabla, columnas);
     if (soloLectura_ || !db_) return false;
     auto cita = [](const QString& n) { return u'"' + QString(n).replace(u'"', QStringLiteral("\"\"")) + u'"'; };
     QStringList c;
@@ -667,6 +684,10 @@ void Database::Execute(const QString& sentencia, int opciones) {
     if (s.clase != Sentencia::Insercion && s.clase != Sentencia::Actualizacion && s.clase != Sentencia::Borrado) {
         terminaLecturas();
         ejecutaDdl(s);
+        return;
+    }
+    if (pg_) {
+        ejecutaEnServidor(s, opciones);
         return;
     }
     struct Suelta {

@@ -1,7 +1,10 @@
 #include "core/dao/Dao.h"
 
+#include "core/jet/ConexionPostgres.h"
+#include "core/jet/EmisorPostgres.h"
 #include "core/jet/EmisorSqlite.h"
 #include "core/jet/ErroresMotor.h"
+#include "core/jet/EsquemaPostgres.h"
 #include "core/jet/FuncionesSqlite.h"
 #include "core/jet/Parser.h"
 #include "core/jet/Resolver.h"
@@ -297,9 +300,9 @@ void Recordset::abre() {
     if (s.clase != Sentencia::Consulta) Lanza(ErrOperacionNoValida);
     Resolver resolver(db_->catalogo());
     resolver.resuelve(s);
-    EmisorSqlite emisor(db_->monedaAntigua());
     const bool escribible = tipo_ == dbOpenTable || tipo_ == dbOpenDynaset;
-    Emision e = emisor.emite(s, nullptr, escribible);
+    Emision e = db_->EnServidor() ? EmisorPostgres().emite(s, nullptr, escribible)
+                                  : EmisorSqlite(db_->monedaAntigua()).emite(s, nullptr, escribible);
     columnas_ = e.columnas;
     actualizable_ = e.actualizable;
     tabla_.reset();
@@ -309,11 +312,11 @@ void Recordset::abre() {
         else actualizable_ = false;
     }
     columnaRowid_ = actualizable_ ? static_cast<int>(columnas_.size()) : -1;
-    porClave_ = actualizable_;
+    porClave_ = actualizable_ && !db_->EnServidor();
     sqlPorFila_ = e.sqlPorFila;
     filaEnSentencia_ = -1;
     filaEnCache_ = -1;
-    cambiosVistos_ = sqlite3_total_changes64(db_->sqlite());
+    cambiosVistos_ = db_->EnServidor() ? 0 : sqlite3_total_changes64(db_->sqlite());
     if (stFila_) {
         sqlite3_finalize(stFila_);
         stFila_ = nullptr;
@@ -343,6 +346,9 @@ void Recordset::abre() {
 
     if (st_) sqlite3_finalize(st_);
     st_ = nullptr;
+    if (db_->EnServidor()) {
+        abreEnServidor(e);
+    } else {
     const QByteArray u = e.sql.toUtf8();
     const int rc = sqlite3_prepare_v2(db_->sqlite(), u.constData(), static_cast<int>(u.size()), &st_, nullptr);
     if (rc != SQLITE_OK) {
@@ -351,15 +357,16 @@ void Recordset::abre() {
         db_->lanzaSqlite(rc);
     }
     filas_.reinicia(static_cast<int>(tipos_.size()), porClave_, db_->bloquesLibres_);
+    completo_ = false;
+    }
     if (!registrado_) {
         db_->abiertos_.push_back(this);
         registrado_ = true;
     }
-    completo_ = false;
     modo_ = dbEditNone;
     actualBorrado_ = false;
     cerrado_ = false;
-    if (trae()) {
+    if (db_->EnServidor() ? !filas_.empty() : trae()) {
         pos_ = 0;
         bof_ = eof_ = false;
     } else {
@@ -491,11 +498,12 @@ void Recordset::busca(const QString& criterio, bool adelante, long desde) {
     resolver.resuelveCriterio(*e, columnas_);
     EmisorSqlite emisor(db_->monedaAntigua());
     const QByteArray u = (QStringLiteral("SELECT ") + emisor.expresion(*e)).toUtf8();
+    sqlite3* motor = motorLocal();
     sqlite3_stmt* st = nullptr;
-    int rc = sqlite3_prepare_v2(db_->sqlite(), u.constData(), static_cast<int>(u.size()), &st, nullptr);
+    int rc = sqlite3_prepare_v2(motor, u.constData(), static_cast<int>(u.size()), &st, nullptr);
     if (rc != SQLITE_OK) {
         sqlite3_finalize(st);
-        db_->lanzaSqlite(rc);
+        LanzaSqlite(motor, rc, db_->Name());
     }
     traeTodo();
     const int parametros = sqlite3_bind_parameter_count(st);
@@ -514,7 +522,7 @@ void Recordset::busca(const QString& criterio, bool adelante, long desde) {
             }
         } else if (rc != SQLITE_DONE) {
             sqlite3_finalize(st);
-            db_->lanzaSqlite(rc);
+            LanzaSqlite(motor, rc, db_->Name());
         }
     }
     sqlite3_finalize(st);
@@ -581,6 +589,22 @@ void Recordset::asigna(int columna, const vb::Variant& v) {
     cambiado_[static_cast<size_t>(columna)] = true;
 }
 
+qint64 Recordset::siguienteContador() {
+    // The counter's next value, handed out before the row is stored: a server's sequence gives each
+    // workstation its own.
+    if (db_->EnServidor()) return db_->postgres()->ejecuta(QStringLiteral("SELECT ") + SiguienteContadorPostgres(*tabla_)).entero(0, 0);
+    const QByteArray sql =
+        QStringLiteral("SELECT max(coalesce((SELECT seq FROM sqlite_sequence WHERE name = %1), 0), "
+                       "coalesce((SELECT max(rowid) FROM %2), 0)) + 1")
+            .arg(CitaTexto(tabla_->nombre), CitaNombre(tabla_->nombre)).toUtf8();
+    sqlite3_stmt* st = nullptr;
+    sqlite3_prepare_v2(db_->sqlite(), sql.constData(), -1, &st, nullptr);
+    qint64 siguiente = 1;
+    if (st && sqlite3_step(st) == SQLITE_ROW) siguiente = sqlite3_column_int64(st, 0);
+    sqlite3_finalize(st);
+    return siguiente;
+}
+
 void Recordset::AddNew() {
     if (cerrado_) Lanza(ErrOperacionNoValida);
     if (!actualizable_) Lanza(ErrSoloLectura);
@@ -591,17 +615,7 @@ void Recordset::AddNew() {
         const CampoDef* campo = tabla_->campo(columnas_[i].campoOrigen);
         if (!campo) continue;
         if (campo->contador()) {
-            // The counter's next value, handed out before the row is stored.
-            const QByteArray sql =
-                QStringLiteral("SELECT max(coalesce((SELECT seq FROM sqlite_sequence WHERE name = %1), 0), "
-                               "coalesce((SELECT max(rowid) FROM %2), 0)) + 1")
-                    .arg(CitaTexto(tabla_->nombre), CitaNombre(tabla_->nombre)).toUtf8();
-            sqlite3_stmt* st = nullptr;
-            sqlite3_prepare_v2(db_->sqlite(), sql.constData(), -1, &st, nullptr);
-            qint64 siguiente = 1;
-            if (st && sqlite3_step(st) == SQLITE_ROW) siguiente = sqlite3_column_int64(st, 0);
-            sqlite3_finalize(st);
-            buffer_[i] = vb::Variant::Long(static_cast<qint32>(siguiente));
+            buffer_[i] = vb::Variant::Long(static_cast<qint32>(siguienteContador()));
             cambiado_[i] = true;
             continue;
         }
@@ -609,7 +623,7 @@ void Recordset::AddNew() {
         if (pred.isEmpty()) continue;
         const QByteArray sql = (QStringLiteral("SELECT ") + pred).toUtf8();
         sqlite3_stmt* st = nullptr;
-        sqlite3_prepare_v2(db_->sqlite(), sql.constData(), -1, &st, nullptr);
+        sqlite3_prepare_v2(motorLocal(), sql.constData(), -1, &st, nullptr);
         if (st && sqlite3_step(st) == SQLITE_ROW) buffer_[i] = LeeColumna(st, 0, campo->tipo);
         sqlite3_finalize(st);
         cambiado_[i] = true;
@@ -657,6 +671,14 @@ void Recordset::Update() {
                 Lanza(ErrRequerido, c.nombre);
         }
     }
+    qint64 idServidor = -1;
+    if (db_->EnServidor()) {
+        if (modo_ == dbEditInProgress && columnas.isEmpty()) {
+            modo_ = dbEditNone;
+            return;
+        }
+        idServidor = escribeEnServidor(columnas, valores);
+    } else {
     QString sql;
     if (modo_ == dbEditAdd) {
         QStringList marcas;
@@ -688,6 +710,7 @@ void Recordset::Update() {
     rc = sqlite3_step(st);
     sqlite3_finalize(st);
     if (rc != SQLITE_DONE) db_->lanzaSqlite(rc);
+    }
 
     // What was written, as the table holds it.
     std::vector<vb::Variant> fila(columnas_.size());
@@ -695,6 +718,8 @@ void Recordset::Update() {
         const CampoDef* campo = tabla_->campo(columnas_[i].campoOrigen);
         fila[i] = campo ? ConvierteParaCampo(buffer_[i], CampoDef{*campo}) : buffer_[i];
     }
+    // Beside a server the row's id travels with its values.
+    if (idServidor >= 0) fila.push_back(vb::Variant(static_cast<double>(idServidor)));
     if (modo_ == dbEditAdd) {
         traeTodo();
         const bool vacio = filas_.empty();
@@ -719,6 +744,9 @@ void Recordset::Delete() {
     if (modo_ != dbEditNone) CancelUpdate();
     exigeActual();
     db_->terminaLecturas();
+    if (db_->EnServidor()) {
+        borraEnServidor();
+    } else {
     const QByteArray u = QStringLiteral("DELETE FROM %1 WHERE rowid = ?1").arg(CitaNombre(tabla_->nombre)).toUtf8();
     sqlite3_stmt* st = nullptr;
     int rc = sqlite3_prepare_v2(db_->sqlite(), u.constData(), static_cast<int>(u.size()), &st, nullptr);
@@ -730,6 +758,7 @@ void Recordset::Delete() {
     rc = sqlite3_step(st);
     sqlite3_finalize(st);
     if (rc != SQLITE_DONE) db_->lanzaSqlite(rc);
+    }
     filas_.borra(pos_);
     olvidaFila();
     if (filaEnSentencia_ == pos_) filaEnSentencia_ = -1;

@@ -158,7 +158,7 @@ void PreparaMetadatos(sqlite3* db, const QString& esquema) {
     }
 }
 
-void Catalogo::transaccion(const QString& sql) {
+void CatalogoSqlite::transaccion(const QString& sql) {
     try {
         ejecuta(QStringLiteral("BEGIN; ") + sql + QStringLiteral(" COMMIT;"));
     } catch (...) {
@@ -168,8 +168,8 @@ void Catalogo::transaccion(const QString& sql) {
     invalida();
 }
 
-void Catalogo::ejecuta(const QString& sql) {
-    verificados_.clear();
+void CatalogoSqlite::ejecuta(const QString& sql) {
+    olvida();
     char* error = nullptr;
     const int rc = sqlite3_exec(db_, sql.toUtf8().constData(), nullptr, nullptr, &error);
     if (rc != SQLITE_OK) {
@@ -192,6 +192,12 @@ Catalogo::Esquema& Catalogo::carga(const QString& esquema) {
 
     Esquema nuevo;
     nuevo.version = version;
+    lee(esquema, nuevo);
+    esquemas_.insert(clave, std::move(nuevo));
+    return esquemas_[clave];
+}
+
+void CatalogoSqlite::lee(const QString& esquema, Esquema& nuevo) {
     const QString e = CitaNombre(esquema);
     // SQLite's own view of the columns, in their order.
     Sentencia3 cols(db_, QStringLiteral(
@@ -254,15 +260,13 @@ Catalogo::Esquema& Catalogo::carga(const QString& esquema) {
             t->indices.push_back(i);
         }
     }
-    esquemas_.insert(clave, std::move(nuevo));
-    return esquemas_[clave];
 }
 
-Catalogo::~Catalogo() {
+CatalogoSqlite::~CatalogoSqlite() {
     for (sqlite3_stmt* st : std::as_const(versiones_)) sqlite3_finalize(st);
 }
 
-long long Catalogo::version(const QString& esquema) {
+long long CatalogoSqlite::version(const QString& esquema) {
     const QString clave = esquema.toLower();
     sqlite3_stmt* st = versiones_.value(clave, nullptr);
     if (!st) {
@@ -390,7 +394,7 @@ bool ActualizaMoneda(sqlite3* db, Catalogo& catalogo, const QString& esquema) {
     return true;
 }
 
-void Catalogo::creaTabla(const TablaDef& def, const QString& esquema) {
+void CatalogoSqlite::creaTabla(const TablaDef& def, const QString& esquema) {
     if (tabla(def.nombre, esquema)) Lanza(ErrTablaYaExiste, def.nombre);
     if (def.campos.empty()) Lanza(ErrSintaxisCreateTable);
     const QString e = CitaNombre(esquema);
@@ -407,7 +411,7 @@ void Catalogo::creaTabla(const TablaDef& def, const QString& esquema) {
     transaccion(sql);
 }
 
-void Catalogo::agregaCampo(const QString& nombreTabla, const CampoDef& campo, const QString& esquema) {
+void CatalogoSqlite::agregaCampo(const QString& nombreTabla, const CampoDef& campo, const QString& esquema) {
     const TablaDef* t = tabla(nombreTabla, esquema);
     if (!t) Lanza(ErrTablaNoEncontrada, nombreTabla);
     if (t->campo(campo.nombre)) Lanza(ErrCampoYaExiste, campo.nombre, t->nombre);
@@ -424,7 +428,7 @@ void Catalogo::agregaCampo(const QString& nombreTabla, const CampoDef& campo, co
     transaccion(sql);
 }
 
-void Catalogo::borraCampo(const QString& nombreTabla, const QString& campo) {
+void CatalogoSqlite::borraCampo(const QString& nombreTabla, const QString& campo) {
     const TablaDef* t = tabla(nombreTabla);
     if (!t) Lanza(ErrTablaNoEncontrada, nombreTabla);
     const CampoDef* c = t->campo(campo);
@@ -441,7 +445,7 @@ void Catalogo::borraCampo(const QString& nombreTabla, const QString& campo) {
     transaccion(sql);
 }
 
-void Catalogo::borraTabla(const QString& nombreTabla) {
+void CatalogoSqlite::borraTabla(const QString& nombreTabla) {
     const TablaDef* t = tabla(nombreTabla);
     if (!t) Lanza(ErrTablaNoEncontrada, nombreTabla);
     const QString n = t->nombre;
@@ -452,7 +456,7 @@ void Catalogo::borraTabla(const QString& nombreTabla) {
     transaccion(sql);
 }
 
-void Catalogo::creaIndice(const QString& nombreTabla, const IndiceDef& indice) {
+void CatalogoSqlite::creaIndice(const QString& nombreTabla, const IndiceDef& indice) {
     const TablaDef* t = tabla(nombreTabla);
     if (!t) Lanza(ErrTablaNoEncontrada, nombreTabla);
     for (const auto& i : t->indices)
@@ -467,7 +471,7 @@ void Catalogo::creaIndice(const QString& nombreTabla, const IndiceDef& indice) {
     }
 }
 
-void Catalogo::borraIndice(const QString& nombreTabla, const QString& indice) {
+void CatalogoSqlite::borraIndice(const QString& nombreTabla, const QString& indice) {
     const TablaDef* t = tabla(nombreTabla);
     if (!t) Lanza(ErrTablaNoEncontrada, nombreTabla);
     for (const auto& i : t->indices) {
@@ -479,7 +483,7 @@ void Catalogo::borraIndice(const QString& nombreTabla, const QString& indice) {
     Lanza(ErrElementoNoEncontrado);
 }
 
-void Catalogo::cambiaPredeterminado(const QString& nombreTabla, const QString& campo, const QString& valor) {
+void CatalogoSqlite::cambiaPredeterminado(const QString& nombreTabla, const QString& campo, const QString& valor) {
     const TablaDef* t = tabla(nombreTabla);
     if (!t || !t->campo(campo)) Lanza(ErrElementoNoEncontrado);
     CampoDef c = *t->campo(campo);
@@ -489,7 +493,7 @@ void Catalogo::cambiaPredeterminado(const QString& nombreTabla, const QString& c
     invalida();
 }
 
-void Catalogo::cambiaRequerido(const QString& nombreTabla, const QString& campo, bool requerido) {
+void CatalogoSqlite::cambiaRequerido(const QString& nombreTabla, const QString& campo, bool requerido) {
     const TablaDef* t = tabla(nombreTabla);
     if (!t || !t->campo(campo)) Lanza(ErrElementoNoEncontrado);
     CampoDef c = *t->campo(campo);

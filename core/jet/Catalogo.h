@@ -65,8 +65,7 @@ void PreparaMetadatos(sqlite3* db, const QString& esquema = QStringLiteral("main
 
 class Catalogo {
 public:
-    explicit Catalogo(sqlite3* db) : db_(db) {}
-    ~Catalogo();
+    virtual ~Catalogo() = default;
     Catalogo(const Catalogo&) = delete;
     Catalogo& operator=(const Catalogo&) = delete;
 
@@ -79,29 +78,56 @@ public:
     // lookups after it in the same statement trust what is known.
     void nuevaSentencia() { verificados_.clear(); }
 
-    // Changes of schema, each applied to SQLite and the bookkeeping together.
-    void creaTabla(const TablaDef& def, const QString& esquema = QStringLiteral("main"));
-    void agregaCampo(const QString& tabla, const CampoDef& campo, const QString& esquema = QStringLiteral("main"));
-    void borraCampo(const QString& tabla, const QString& campo);
-    void borraTabla(const QString& tabla);
-    void creaIndice(const QString& tabla, const IndiceDef& indice);
-    void borraIndice(const QString& tabla, const QString& indice);
-    void cambiaPredeterminado(const QString& tabla, const QString& campo, const QString& valor);
-    void cambiaRequerido(const QString& tabla, const QString& campo, bool requerido);
+    // Changes of schema, each applied to the database and the bookkeeping together.
+    virtual void creaTabla(const TablaDef& def, const QString& esquema = QStringLiteral("main")) = 0;
+    virtual void agregaCampo(const QString& tabla, const CampoDef& campo, const QString& esquema = QStringLiteral("main")) = 0;
+    virtual void borraCampo(const QString& tabla, const QString& campo) = 0;
+    virtual void borraTabla(const QString& tabla) = 0;
+    virtual void creaIndice(const QString& tabla, const IndiceDef& indice) = 0;
+    virtual void borraIndice(const QString& tabla, const QString& indice) = 0;
+    virtual void cambiaPredeterminado(const QString& tabla, const QString& campo, const QString& valor) = 0;
+    virtual void cambiaRequerido(const QString& tabla, const QString& campo, bool requerido) = 0;
 
-private:
+protected:
+    Catalogo() = default;
     struct Esquema {
         long long version = -1;
         std::vector<std::shared_ptr<TablaDef>> tablas;
         QHash<QString, TablaDef*> porNombre;   // case-folded name
     };
-    sqlite3* db_;
+    // A number that changes whenever the schema does; -1 when it can't be told.
+    virtual long long version(const QString& esquema) = 0;
+    // The tables of a schema as the database describes them now.
+    virtual void lee(const QString& esquema, Esquema& nuevo) = 0;
+    // After a change of schema: nothing known is trusted, not even within the statement.
+    void olvida() { verificados_.clear(); }
+
+private:
     QHash<QString, Esquema> esquemas_;
     QSet<QString> verificados_;
-    QHash<QString, sqlite3_stmt*> versiones_;   // PRAGMA <esquema>.schema_version, prepared once
-    long long version(const QString& esquema);
-
     Esquema& carga(const QString& esquema);
+};
+
+// The catalog of an SQLite database: SQLite keeps the rows, MSysCampos and MSysIndices the rest.
+class CatalogoSqlite final : public Catalogo {
+public:
+    explicit CatalogoSqlite(sqlite3* db) : db_(db) {}
+    ~CatalogoSqlite() override;
+
+    void creaTabla(const TablaDef& def, const QString& esquema = QStringLiteral("main")) override;
+    void agregaCampo(const QString& tabla, const CampoDef& campo, const QString& esquema = QStringLiteral("main")) override;
+    void borraCampo(const QString& tabla, const QString& campo) override;
+    void borraTabla(const QString& tabla) override;
+    void creaIndice(const QString& tabla, const IndiceDef& indice) override;
+    void borraIndice(const QString& tabla, const QString& indice) override;
+    void cambiaPredeterminado(const QString& tabla, const QString& campo, const QString& valor) override;
+    void cambiaRequerido(const QString& tabla, const QString& campo, bool requerido) override;
+
+private:
+    sqlite3* db_;
+    QHash<QString, sqlite3_stmt*> versiones_;   // PRAGMA <esquema>.schema_version, prepared once
+    long long version(const QString& esquema) override;
+    void lee(const QString& esquema, Esquema& nuevo) override;
     void ejecuta(const QString& sql);
     void transaccion(const QString& sql);   // statements applied together, or none of them
 };

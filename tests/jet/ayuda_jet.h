@@ -2,6 +2,7 @@
 // What the engine's tests share: a fresh database with every table of the program in a temporary folder,
 // and short ways to run a statement, read a value, or catch the engine's error number.
 #include "texto_gtest.h"
+#include "base_prueba.h"
 
 #include "core/Esquema.h"
 #include "core/dao/Dao.h"
@@ -52,8 +53,7 @@ class BaseJet : public ::testing::Test {
 protected:
     void SetUp() override {
         ASSERT_TRUE(dir.isValid());
-        db = dao::Database::CreateDatabase(ruta(QStringLiteral("KORVEL8.mdb")));
-        esquema::CreaTablas(*db);
+        db = prueba::BaseConTablas(dir);
     }
 
     QString ruta(const QString& nombre) const { return dir.filePath(nombre); }

@@ -1,6 +1,7 @@
 // Every statement the program sends, run in order on one database seeded with a small data set, each
 // checked against what it must do: run, return so many rows, touch so many rows, give a first value, or
 // fail with the engine's number.
+#include "base_prueba.h"
 #include "core/Esquema.h"
 #include "core/dao/Dao.h"
 #include "tools/ConsolaSql.h"
@@ -95,8 +96,7 @@ TEST(Corpus, CadaSentenciaHaceLoQueDebe) {
         db->Execute(QStringLiteral("CREATE TABLE Metadata (NoSolicitudes LONG, NoDonaciones LONG, NoTitulos LONG, "
                                    "NoEjemplares LONG, IdCapturista TEXT(10), FechaExportacion DATETIME)"));
     }
-    auto db = dao::Database::CreateDatabase(dir.filePath(QStringLiteral("KORVEL8.mdb")));
-    esquema::CreaTablas(*db);
+    auto db = prueba::BaseConTablas(dir);
 
     const auto datos = LeeCorpus(QStringLiteral("datos.sql"));
     ASSERT_GT(datos.size(), 10u);

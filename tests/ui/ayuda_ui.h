@@ -34,9 +34,7 @@ protected:
     void SetUp() override {
         ConSistema::SetUp();
         ASSERT_TRUE(dir.isValid());
-        auto db = dao::Database::CreateDatabase(dir.filePath(QStringLiteral("KORVEL8.mdb")));
-        esquema::CreaTablas(*db);
-        globales::BaseDatos = std::move(db);
+        globales::BaseDatos = prueba::BaseConTablas(dir);
     }
     void TearDown() override { globales::BaseDatos.reset(); }
 
