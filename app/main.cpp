@@ -5,6 +5,8 @@
 //   --captura ARCHIVO.png   a few seconds after start, save a picture of the screen (of the login dialog if it
 //                           still waits), print its path and end
 //   --abrir COMANDO         once start-up is over, run a command of the main window ("Escuelas", "CambioFecha")
+//   --base BASE             the database to work on: a file, or a server's URI postgresql://user@host:port/base
+//                           (otherwise the setting KORVEL8.base beside the program, or KORVEL8.mdb there)
 #include "catalog/Registro.h"
 #include "core/FormPrincipal.h"
 #include "core/LineaComandos.h"
@@ -34,15 +36,17 @@ int main(int argc, char** argv) {
     intercambio::RegistraComandos();
 
     QStringList argumentos = app.arguments().mid(1);
-    QString captura, abrir;
+    QString captura, abrir, base;
     while (!argumentos.isEmpty() && argumentos.first().startsWith(QLatin1String("--"))) {
         const QString opcion = argumentos.takeFirst();
         if (opcion == QLatin1String("--captura") && !argumentos.isEmpty()) captura = argumentos.takeFirst();
         else if (opcion == QLatin1String("--abrir") && !argumentos.isEmpty()) abrir = argumentos.takeFirst();
+        else if (opcion == QLatin1String("--base") && !argumentos.isEmpty()) base = argumentos.takeFirst();
     }
 
     FormPrincipal principal;
     principal.LineaComandos = argumentos.join(u' ');
+    principal.NombreBase = base;
     // The password of "-u usuario -p clave" leaves the visible command line now that it is read.
     linea::BorraClaveDeLaLinea(argc, argv, argc - static_cast<int>(argumentos.size()));
     if (!captura.isEmpty()) {

@@ -9,6 +9,7 @@
 #include "core/dao/Dao.h"
 #include "core/frmBrowseHelp.h"
 #include "core/frmFecha.h"
+#include "core/jet/ConexionPostgres.h"
 #include "core/legado/Legado.h"
 #include "core/ui/Plataforma.h"
 #include "core/vb/Cadenas.h"
@@ -246,11 +247,27 @@ void FormPrincipal::construye() {
     resize(760, 520);
 }
 
+QString FormPrincipal::BaseDeTrabajo(const QString& carpetaPrograma, const QString& nombreDado) {
+    QString carpeta = carpetaPrograma;
+    if (!carpeta.endsWith(u'/') && !carpeta.endsWith(u'\\')) carpeta += u'/';
+    auto resuelve = [&carpeta](const QString& nombre) {
+        if (jet::EsUriServidor(nombre) || QDir::isAbsolutePath(nombre)) return nombre;
+        return carpeta + nombre;
+    };
+    if (!nombreDado.trimmed().isEmpty()) return resuelve(nombreDado.trimmed());
+    QFile ajuste(carpeta + QStringLiteral("KORVEL8.base"));
+    if (ajuste.open(QIODevice::ReadOnly | QIODevice::Text)) {
+        while (!ajuste.atEnd()) {
+            const QString linea = QString::fromUtf8(ajuste.readLine()).trimmed();
+            if (!linea.isEmpty() && !linea.startsWith(u'#')) return resuelve(linea);
+        }
+    }
+    return carpeta + QStringLiteral("KORVEL8.mdb");
+}
+
 bool FormPrincipal::AbrirBaseDatos() {
-    QString ruta = ui::Sistema().RutaPrograma();
-    if (!ruta.endsWith(u'/') && !ruta.endsWith(u'\\')) ruta += u'/';
-    ruta += QStringLiteral("KORVEL8.mdb");
-    if (legado::EsArchivoLegado(ruta) && !ConvierteBaseLegada(ruta)) return false;
+    const QString ruta = BaseDeTrabajo(ui::Sistema().RutaPrograma(), NombreBase);
+    if (!jet::EsUriServidor(ruta) && legado::EsArchivoLegado(ruta) && !ConvierteBaseLegada(ruta)) return false;
     globales::BaseDatos = dao::Database::OpenDatabase(ruta);
     return true;
 }

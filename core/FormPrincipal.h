@@ -23,6 +23,12 @@ public:
 
     // The program's command line without the options of its own ("-u usuario -p clave").
     QString LineaComandos;
+    // The database named on the command line (--base), a file path or a server's URI; empty for the setting.
+    QString NombreBase;
+    // The database a workstation works on: the one named on the command line, else the first line of the
+    // setting KORVEL8.base beside the program (a path, relative to the program's folder, or a URI), else the
+    // file KORVEL8.mdb beside the program.
+    static QString BaseDeTrabajo(const QString& carpetaPrograma, const QString& nombreDado);
 
     // Start-up in its order. False when the program must end (no analyst, login refused, too many
     // attempts); an untrapped engine error propagates to the caller.

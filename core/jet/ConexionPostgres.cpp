@@ -43,6 +43,8 @@ QString MotivoConexion(const QString& mensaje, bool& noExiste) {
         return QStringLiteral("no se encontró el nombre del servidor.");
     if (mensaje.contains(QLatin1String("Connection refused")) || mensaje.contains(QLatin1String("No such file")))
         return QStringLiteral("el servidor no está en marcha o no acepta conexiones en esa dirección.");
+    if (mensaje.contains(QLatin1String("invalid")))
+        return QStringLiteral("la dirección de la base de datos no es válida.");
     if (mensaje.contains(QLatin1String("too many")))
         return QStringLiteral("el servidor tiene ocupadas todas sus conexiones.");
     return QStringLiteral("el servidor rechazó la conexión.");

@@ -37,9 +37,18 @@ protected:
     QString base() const { return dir.filePath(QStringLiteral("KORVEL8.mdb")); }
 
     // A current database with the demo's analysts (admin "011", visita "001").
+    // On a server run, the database is the server's, named by the setting beside the program.
     void creaBase(bool conAnalistas = true) {
-        auto db = dao::Database::CreateDatabase(base());
-        esquema::CreaTablas(*db);
+        std::unique_ptr<dao::Database> db;
+        if (prueba::EnServidor()) {
+            db = prueba::BaseConTablas(dir);
+            QFile ajuste(dir.filePath(QStringLiteral("KORVEL8.base")));
+            ASSERT_TRUE(ajuste.open(QIODevice::WriteOnly));
+            ajuste.write("# la base de datos del departamento\n" + db->Name().toUtf8() + "\n");
+        } else {
+            db = dao::Database::CreateDatabase(base());
+            esquema::CreaTablas(*db);
+        }
         if (conAnalistas) demo::CargaDemo(*db);
         else db->Execute(QStringLiteral("INSERT INTO Configuracion VALUES ('FixSolDonNumAdqui', '83.26a=2026-11-22')"));
     }
@@ -317,6 +326,41 @@ TEST_F(Arranque, SinBaseElArranqueFallaConElErrorDelMotor) {
     EXPECT_TRUE(sistema->modales.isEmpty());
 }
 
+TEST_F(Arranque, LaBaseSeNombraEnLaLineaEnElAjusteOEsElArchivoJuntoAlPrograma) {
+    const QString carpeta = dir.path();
+    EXPECT_EQ(FormPrincipal::BaseDeTrabajo(carpeta, QString()), carpeta + QStringLiteral("/KORVEL8.mdb"));
+    QFile ajuste(dir.filePath(QStringLiteral("KORVEL8.base")));
+    ASSERT_TRUE(ajuste.open(QIODevice::WriteOnly));
+    ajuste.write("# comentario\n\n   depto/compartida.mdb  \n/otra/linea.mdb\n");
+    ajuste.close();
+    EXPECT_EQ(FormPrincipal::BaseDeTrabajo(carpeta, QString()), carpeta + QStringLiteral("/depto/compartida.mdb"));
+    const QString uri = QStringLiteral("postgresql://analista@servidor:5433/adquisiciones");
+    EXPECT_EQ(FormPrincipal::BaseDeTrabajo(carpeta, uri), uri);
+    EXPECT_EQ(FormPrincipal::BaseDeTrabajo(carpeta, QStringLiteral("/datos/KORVEL8.mdb")), QStringLiteral("/datos/KORVEL8.mdb"));
+    ASSERT_TRUE(ajuste.open(QIODevice::WriteOnly | QIODevice::Truncate));
+    ajuste.write(uri.toUtf8() + "\n");
+    ajuste.close();
+    EXPECT_EQ(FormPrincipal::BaseDeTrabajo(carpeta, QString()), uri);
+}
+
+// A server that doesn't answer, an address that is not one: a clear box, and the program ends at once.
+TEST_F(Arranque, UnServidorQueNoRespondeTerminaConUnMensajeClaro) {
+    for (const QString& nombre : {QStringLiteral("postgresql://analista@127.0.0.1:1/adquisiciones"),
+                                  QStringLiteral("postgresql://analista@127.0.0.1:puerto/adquisiciones")}) {
+        sistema->cajas.clear();
+        FormPrincipal f;
+        f.NombreBase = nombre;
+        EXPECT_FALSE(f.Arranca());
+        ASSERT_EQ(sistema->cajas.size(), 1u) << nombre.toStdString();
+        const QString texto = sistema->cajas[0].texto;
+        EXPECT_TRUE(texto.contains(QStringLiteral("No se pudo conectar con la base de datos 'adquisiciones' del servidor "
+                                                  "127.0.0.1:1: el servidor no está en marcha")) ||
+                    texto.contains(QStringLiteral("no es válida")))
+            << texto.toStdString();
+        EXPECT_FALSE(texto.contains(QLatin1String("Connection refused")));
+    }
+}
+
 TEST_F(Arranque, BotonesDeLaVentanaPrincipal) {
     creaBase();
     auto pf = entra();
@@ -336,6 +380,7 @@ TEST_F(Arranque, BotonesDeLaVentanaPrincipal) {
 }
 
 TEST_F(Arranque, BaseEnCarpetaDeRedSeAvisaUnaVezPorSesion) {
+    if (prueba::EnServidor()) GTEST_SKIP() << "a file's folder";
     creaBase();
     dao::TipoSistemaArchivos = [](const QString&) -> long { return 0x6969; };
     struct Restaura {
