@@ -447,6 +447,7 @@ private:
     bool bof_ = true, eof_ = true;
     bool actualBorrado_ = false;
     int modo_ = dbEditNone;
+    int contadorDado_ = -1;               // the column whose counter value AddNew handed out, untouched since
     std::vector<vb::Variant> buffer_;
     std::vector<bool> cambiado_;
     bool noMatch_ = true;

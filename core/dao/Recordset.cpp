@@ -587,6 +587,7 @@ void Recordset::asigna(int columna, const vb::Variant& v) {
     sinRequerido.permiteLongitudCero = true;
     buffer_[static_cast<size_t>(columna)] = ConvierteParaCampo(v, sinRequerido);
     cambiado_[static_cast<size_t>(columna)] = true;
+    if (columna == contadorDado_) contadorDado_ = -1;
 }
 
 qint64 Recordset::siguienteContador() {
@@ -611,11 +612,13 @@ void Recordset::AddNew() {
     if (modo_ != dbEditNone) CancelUpdate();
     buffer_.assign(columnas_.size(), vb::Variant::Null());
     cambiado_.assign(columnas_.size(), false);
+    contadorDado_ = -1;
     for (size_t i = 0; i < columnas_.size(); ++i) {
         const CampoDef* campo = tabla_->campo(columnas_[i].campoOrigen);
         if (!campo) continue;
         if (campo->contador()) {
             buffer_[i] = vb::Variant::Long(static_cast<qint32>(siguienteContador()));
+            contadorDado_ = static_cast<int>(i);
             cambiado_[i] = true;
             continue;
         }
@@ -708,6 +711,17 @@ void Recordset::Update() {
     for (size_t i = 0; i < valores.size(); ++i) Enlaza(st, static_cast<int>(i + 1), valores[i]);
     if (modo_ == dbEditInProgress) sqlite3_bind_int64(st, static_cast<int>(valores.size() + 1), filas_.rowid(pos_));
     rc = sqlite3_step(st);
+    // Another workstation stored a row with the counter value handed out here since AddNew: the row takes
+    // the next free one, as a counter would have given it had both come in turn.
+    for (int intento = 0; intento < 20 && rc == SQLITE_CONSTRAINT_PRIMARYKEY && modo_ == dbEditAdd && contadorDado_ >= 0; ++intento) {
+        sqlite3_reset(st);
+        buffer_[static_cast<size_t>(contadorDado_)] = vb::Variant::Long(static_cast<qint32>(siguienteContador()));
+        int n = 0;
+        for (size_t i = 0; i < columnas_.size() && static_cast<int>(i) <= contadorDado_; ++i)
+            if (tabla_->campo(columnas_[i].campoOrigen)) ++n;
+        Enlaza(st, n, buffer_[static_cast<size_t>(contadorDado_)]);
+        rc = sqlite3_step(st);
+    }
     sqlite3_finalize(st);
     if (rc != SQLITE_DONE) db_->lanzaSqlite(rc);
     }
