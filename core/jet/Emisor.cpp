@@ -10,7 +10,9 @@
 
 namespace jet {
 
-namespace {
+using namespace detalle;
+
+namespace detalle {
 
 // Joins pieces of text with one allocation: the emitter builds many small strings.
 QString Une(std::initializer_list<QStringView> partes) {
@@ -45,11 +47,21 @@ QString LiteralComun(const vb::Variant& v) {
     return QStringLiteral("NULL");
 }
 
+}  // namespace detalle
+
+namespace {
+
+using namespace detalle;
+
 bool EsComparacion(QStringView op) {
     return op == u"=" || op == u"<>" || op == u"<" || op == u">" || op == u"<=" || op == u">=";
 }
 
 const char* const Colacion = " COLLATE JETTEXT";
+
+}  // namespace
+
+namespace detalle {
 
 bool EsEntero(TipoCampo t) {
     return t == TipoCampo::Boolean || t == TipoCampo::Byte || t == TipoCampo::Integer || t == TipoCampo::Long;
@@ -95,6 +107,10 @@ std::optional<qint64> CrudoLiteral(const Expr& e, bool exacto) {
 }
 
 QString TextoCrudo(qint64 v) { return v < 0 ? u'(' + QString::number(v) + u')' : QString::number(v); }
+
+}  // namespace detalle
+
+namespace {
 
 // An operand that compares with money in ten-thousandths without leaving whole numbers.
 bool CabeEnCrudo(const Expr& e) {
@@ -514,7 +530,7 @@ QString Emisor::cadena(const Expr& e) {
     QString salida;
     if (op == u"&") {
         for (const auto& x : e.args) partes << comoTexto(*x);
-        AgrupaLlamada(partes, 0, partes.size(), u"jet_cat", salida);
+        AgrupaLlamada(partes, 0, partes.size(), funcionConcatenacion(), salida);
         return salida;
     }
     if (op == u"AND" || op == u"OR") {
@@ -570,7 +586,7 @@ QString Emisor::binario(const Expr& e) {
     if (op == u"XOR") return QStringLiteral("((%1 <> 0) <> (%2 <> 0))").arg(expr(a), expr(b));
     if (op == u"EQV") return QStringLiteral("((%1 <> 0) = (%2 <> 0))").arg(expr(a), expr(b));
     if (op == u"IMP") return QStringLiteral("((%1 = 0) OR (%2 <> 0))").arg(expr(a), expr(b));
-    if (op == u"&") return Une({u"jet_cat(", comoTexto(a), u", ", comoTexto(b), u")"});
+    if (op == u"&") return Une({funcionConcatenacion(), u"(", comoTexto(a), u", ", comoTexto(b), u")"});
     if (op == u"+" && EsTexto(e.tipoDato)) return QStringLiteral("(%1 || %2)").arg(expr(a), expr(b));
     if ((op == u"+" || op == u"-") && (a.tipoDato == TipoCampo::Date || b.tipoDato == TipoCampo::Date)) {
         if (op == u"-" && a.tipoDato == TipoCampo::Date && b.tipoDato == TipoCampo::Date)

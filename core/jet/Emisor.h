@@ -7,6 +7,8 @@
 #include "core/jet/Ast.h"
 #include "core/jet/Catalogo.h"
 
+#include <optional>
+
 namespace jet {
 
 struct Emision {
@@ -62,6 +64,7 @@ protected:
     virtual QString binario(const Expr& e);
     virtual QString funcion(const Expr& e);
     virtual QString like(const Expr& e);
+    virtual QStringView funcionConcatenacion() const { return u"jet_cat"; }   // texts joined, Null as empty
     // A subquery in FROM that the statement never names.
     virtual QString aliasAnonimo() const { return {}; }
     // The collation marks of a GROUP BY term and of an ORDER BY that names an output column by number.
@@ -72,5 +75,16 @@ protected:
 
     int profundidad_ = 0;
 };
+
+// Pieces the targets share with the base.
+namespace detalle {
+QString Une(std::initializer_list<QStringView> partes);
+QString LiteralComun(const vb::Variant& v);
+bool EsEntero(TipoCampo t);
+bool EsNulo(const Expr& e);
+// A literal number, signs included, as money in ten-thousandths (`exacto`: only when it is that amount).
+std::optional<qint64> CrudoLiteral(const Expr& e, bool exacto);
+QString TextoCrudo(qint64 v);
+}  // namespace detalle
 
 }  // namespace jet
