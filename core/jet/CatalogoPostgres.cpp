@@ -142,10 +142,7 @@ void CatalogoPostgres::creaTabla(const TablaDef& def, const QString& esquema) {
     if (def.campos.empty()) Lanza(ErrSintaxisCreateTable);
     QString sql = CreaTablaPostgres(QString(), def);
     for (const auto& c : def.campos) sql += FilaCampo(def.nombre, c);
-    for (const auto& i : def.indices) {
-        sql += SqlIndicePostgres(QString(), def, i);
-        sql += FilaIndice(def.nombre, i);
-    }
+    for (const auto& i : def.indices) sql += FilaIndice(def.nombre, i);   // the indexes come with the table
     cambia(sql);
 }
 
@@ -155,7 +152,7 @@ void CatalogoPostgres::agregaCampo(const QString& nombreTabla, const CampoDef& c
     if (!t) Lanza(ErrTablaNoEncontrada, nombreTabla);
     if (t->campo(campo.nombre)) Lanza(ErrCampoYaExiste, campo.nombre, t->nombre);
     if (campo.contador()) Lanza(ErrSintaxisAlterTable);
-    cambia(AgregaCampoPostgres(*t, campo) + FilaCampo(t->nombre, campo));
+    cambia(AgregaCampoPostgres(QString(), *t, campo) + FilaCampo(t->nombre, campo));
 }
 
 void CatalogoPostgres::borraCampo(const QString& nombreTabla, const QString& campo) {

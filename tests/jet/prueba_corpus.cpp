@@ -2,57 +2,20 @@
 // checked against what it must do: run, return so many rows, touch so many rows, give a first value, or
 // fail with the engine's number.
 #include "base_prueba.h"
+#include "corpus_jet.h"
+
 #include "core/Esquema.h"
 #include "core/dao/Dao.h"
 #include "tools/ConsolaSql.h"
 
-#include <QFile>
 #include <QTemporaryDir>
-#include <QTextStream>
 #include <gtest/gtest.h>
 
 namespace {
 
-struct Entrada {
-    QString etiqueta;
-    QString esperado;
-    QString sentencia;
-};
-
-std::vector<Entrada> LeeCorpus(const QString& archivo) {
-    QFile f(QStringLiteral(ADQ_SOURCE_DIR "/tests/jet/corpus/") + archivo);
-    std::vector<Entrada> entradas;
-    if (!f.open(QIODevice::ReadOnly | QIODevice::Text)) return entradas;
-    QTextStream in(&f);
-    QString linea;
-    Entrada actual;
-    QStringList lineas;
-    auto cierra = [&]() {
-        if (actual.etiqueta.isEmpty()) return;
-        while (!lineas.isEmpty() && lineas.last().trimmed().isEmpty()) lineas.removeLast();
-        actual.sentencia = lineas.join(u'\n');
-        entradas.push_back(actual);
-        actual = Entrada();
-        lineas.clear();
-    };
-    while (in.readLineInto(&linea)) {
-        if (linea.startsWith(QLatin1String("=== "))) {
-            cierra();
-            actual.etiqueta = linea.mid(4).trimmed();
-        } else if (!actual.etiqueta.isEmpty() && actual.esperado.isEmpty() && linea.startsWith(QLatin1String("expect:"))) {
-            actual.esperado = linea.mid(7).trimmed();
-        } else if (!actual.etiqueta.isEmpty()) {
-            lineas << linea;
-        }
-    }
-    cierra();
-    return entradas;
-}
-
-bool EsConsulta(const QString& s) {
-    const QString t = s.trimmed();
-    return t.startsWith(QLatin1String("select"), Qt::CaseInsensitive) || t.startsWith(u'(');
-}
+using corpus::Entrada;
+using corpus::EsConsulta;
+using corpus::LeeCorpus;
 
 // Runs one entry and returns what went wrong, or an empty text.
 QString Corre(dao::Database& db, const Entrada& e) {
