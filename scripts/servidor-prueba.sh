@@ -76,8 +76,9 @@ shared_buffers = 64MB
 autovacuum = off
 log_min_messages = warning
 EOF
-  # A free port: one the server manages to bind, tried from a number of this process's own, never 5432.
-  PUERTO=$((20000 + $$ % 30000))
+  # A free port: one the server manages to bind, tried from a number of this process's own (or from
+  # ADQ_SERVIDOR_PRUEBA_PUERTO), never 5432.
+  PUERTO=${ADQ_SERVIDOR_PRUEBA_PUERTO:-$((20000 + $$ % 30000))}
   intento=0
   while :; do
     [ "$PUERTO" -eq 5432 ] && PUERTO=$((PUERTO + 1))
