@@ -3,8 +3,6 @@
 #include "core/ArchivosTemporales.h"
 #include "core/dao/Dao.h"
 
-#include <QFileInfo>
-
 namespace copia {
 
 namespace {
