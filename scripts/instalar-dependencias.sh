@@ -5,7 +5,7 @@ if [ "$(id -u)" -ne 0 ]; then SUDO=sudo; else SUDO=; fi
 export DEBIAN_FRONTEND=noninteractive
 PKGS="build-essential cmake pkg-config qt6-base-dev libsqlite3-dev sqlite3 libxml2-dev libxslt1-dev \
  libfreexl-dev libzip-dev libxlsxwriter-dev mdbtools-dev mdbtools libgtest-dev libgmock-dev libbenchmark-dev xvfb xauth \
- clang libclang-rt-14-dev qt6-translations-l10n"
+ clang libclang-rt-14-dev qt6-translations-l10n postgresql libpq-dev"
 missing=""
 for p in $PKGS; do
   dpkg-query -W -f='${Status}' "$p" 2>/dev/null | grep -q "install ok installed" || missing="$missing $p"

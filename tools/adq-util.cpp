@@ -1,18 +1,19 @@
 // adq-util: the command-line utility of the acquisitions module. It creates databases, fills a demo,
-// adds analysts, runs statements of the program's SQL dialect, backs a database up and checks it.
+// adds analysts, runs statements of the program's SQL dialect, backs a database up and checks it, and
+// copies a whole database between a file and a server.
 #include "core/DatosDemo.h"
 #include "core/Esquema.h"
 #include "core/LineaComandos.h"
 #include "core/dao/Dao.h"
 #include "core/legado/Legado.h"
 #include "tools/Archivos.h"
+#include "tools/Copia.h"
 #include "tools/ConsolaSql.h"
 
 #include <QCoreApplication>
 #include <QFile>
 #include <QTextStream>
 #include <cstdio>
-#include <sqlite3.h>
 #include <termios.h>
 #include <unistd.h>
 
@@ -26,52 +27,36 @@ int Uso(QTextStream& err) {
            "                                           agrega o reemplaza un analista (DERECHOS \"011\", MODULOS \"1\");\n"
            "                                           con CLAVE \"-\" la clave se lee de la entrada\n"
            "  adq-util sql BASE [SENTENCIA]            ejecuta una sentencia, o una por línea de la entrada\n"
-           "  adq-util respaldar BASE DESTINO          copia la base de datos mientras otros la usan\n"
-           "  adq-util verificar BASE                  revisa la integridad de la base de datos\n"
+           "  adq-util respaldar BASE DESTINO          copia la base de datos mientras otros la usan (un archivo;\n"
+           "                                           la de un servidor se respalda con pg_dump)\n"
+           "  adq-util verificar BASE                  revisa la integridad de un archivo de base de datos\n"
            "  adq-util migrar ORIGEN DESTINO           copia una base de datos del formato anterior (.mdb, .exp)\n"
-           "                                           en una base de datos nueva de este programa\n";
+           "                                           en una base de datos nueva de este programa\n"
+           "  adq-util copiar ORIGEN DESTINO           copia una base de datos entera en una nueva: de un archivo\n"
+           "                                           a un servidor, de un servidor a un archivo o entre archivos\n"
+           "\n"
+           "BASE, ORIGEN y DESTINO son la ruta de un archivo o, en un servidor, un URI de conexión\n"
+           "(postgresql://usuario@equipo:puerto/base).\n";
     err.flush();
     return 2;
 }
 
 // The whole database is made under a temporary name beside the target and takes the target's name only
-// when finished.
-int Crea(const QString& ruta, bool conDemo, QTextStream& err) {
-    if (QFile::exists(ruta)) {
-        err << "El archivo '" << ruta << "' ya existe; no se sobrescribe.\n";
-        return 1;
-    }
-    archivos::BorraTemporalesHuerfanos(ruta);
-    const QString temporal = archivos::TemporalJunto(ruta);
-    archivos::BorraTemporal(temporal);
-    try {
-        auto db = dao::Database::CreateDatabase(temporal);
-        esquema::CreaTablas(*db);
-        if (conDemo) demo::CargaDemo(*db);
-        if (sqlite3_exec(db->sqlite(), "PRAGMA wal_checkpoint(TRUNCATE)", nullptr, nullptr, nullptr) != SQLITE_OK)
-            db->lanzaSqlite(sqlite3_errcode(db->sqlite()));
-    } catch (...) {
-        archivos::BorraTemporal(temporal);
-        throw;
-    }
-    // Closed, everything is back in the one file: a log left beside it would be lost by the rename.
-    if (QFile::exists(temporal + QStringLiteral("-wal"))) {
-        archivos::BorraTemporal(temporal);
-        err << "No se pudo terminar la base de datos '" << ruta << "'.\n";
-        return 1;
-    }
-    QString error;
-    if (!archivos::MueveSinReemplazar(temporal, ruta, error)) {
-        archivos::BorraTemporal(temporal);
-        err << error << '\n';
-        return 1;
-    }
+// when finished; on a server, it is dropped again if it can't be finished.
+int Crea(const QString& base, bool conDemo) {
+    archivos::CreaBaseEntera(base, [&](dao::Database& db) {
+        esquema::CreaTablas(db);
+        if (conDemo) demo::CargaDemo(db);
+    });
     return 0;
 }
 
-// A whole legacy file into a new database: one line per table with its rows; on a terminal, the progress of
-// a large table on a line of its own that each step writes over.
-int Migra(const QString& origen, const QString& destino, QTextStream& out, QTextStream& err) {
+// A whole database into a new one, from a legacy file (migrar) or from a database of this program (copiar):
+// one line per table with its rows; on a terminal, the progress of a large table on a line of its own that
+// each step writes over; then the totals.
+template <typename Copiador>
+int CopiaCompleta(Copiador copiador, const char* verbo, const QString& origen, const QString& destino,
+                  QTextStream& out, QTextStream& err) {
     const bool terminal = ::isatty(STDERR_FILENO);
     auto progreso = [&](const legado::Progreso& p) {
         if (p.terminada) {
@@ -84,9 +69,9 @@ int Migra(const QString& origen, const QString& destino, QTextStream& out, QText
             err.flush();
         }
     };
-    const legado::ResultadoMigracion r = legado::Migra(origen, destino, progreso);
+    const legado::ResultadoMigracion r = copiador(origen, destino, progreso);
     for (const QString& aviso : r.avisos) err << "Aviso: " << aviso << '\n';
-    out << "Se migraron " << r.tablas.size() << (r.tablas.size() == 1 ? " tabla" : " tablas") << " con " << r.filas
+    out << "Se " << verbo << ' ' << r.tablas.size() << (r.tablas.size() == 1 ? " tabla" : " tablas") << " con " << r.filas
         << (r.filas == 1 ? " fila" : " filas") << " a '" << destino << "'.\n";
     return 0;
 }
@@ -125,8 +110,8 @@ int main(int argc, char** argv) {
     const QString orden = args[0];
     const QString ruta = args[1];
     try {
-        if (orden == QLatin1String("crear") && args.size() == 2) return Crea(ruta, false, err);
-        if (orden == QLatin1String("demo") && args.size() == 2) return Crea(ruta, true, err);
+        if (orden == QLatin1String("crear") && args.size() == 2) return Crea(ruta, false);
+        if (orden == QLatin1String("demo") && args.size() == 2) return Crea(ruta, true);
         if (orden == QLatin1String("analista") && args.size() >= 4 && args.size() <= 6) {
             QString clave = args[3];
             // The password leaves the visible command line as soon as it is read.
@@ -149,9 +134,18 @@ int main(int argc, char** argv) {
             }
             return todoBien ? 0 : 1;
         }
-        if (orden == QLatin1String("respaldar") && args.size() == 3) return archivos::Respalda(ruta, args[2], out, err);
-        if (orden == QLatin1String("verificar") && args.size() == 2) return archivos::Verifica(ruta, out, err);
-        if (orden == QLatin1String("migrar") && args.size() == 3) return Migra(ruta, args[2], out, err);
+        if ((orden == QLatin1String("respaldar") && args.size() == 3) || (orden == QLatin1String("verificar") && args.size() == 2)) {
+            // Both work on the file's own pages; a server keeps and checks its databases itself.
+            if (archivos::EsUri(ruta) || archivos::EsUri(args.value(2))) {
+                err << "'" << orden << "' trabaja sobre archivos; una base de datos en un servidor se respalda con pg_dump.\n";
+                return 1;
+            }
+            return args.size() == 3 ? archivos::Respalda(ruta, args[2], out, err) : archivos::Verifica(ruta, out, err);
+        }
+        if (orden == QLatin1String("migrar") && args.size() == 3)
+            return CopiaCompleta(legado::Migra, "migraron", ruta, args[2], out, err);
+        if (orden == QLatin1String("copiar") && args.size() == 3)
+            return CopiaCompleta(copia::Copia, "copiaron", ruta, args[2], out, err);
     } catch (const vb::Error& e) {
         out.flush();
         err << "Error " << e.Number() << ": " << e.Description() << '\n';

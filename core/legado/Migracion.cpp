@@ -141,44 +141,22 @@ private:
 }  // namespace
 
 ResultadoMigracion Migra(const QString& origen, const QString& destino, const std::function<void(const Progreso&)>& progreso) {
-    if (QFileInfo::exists(destino))
-        throw vb::Error(jet::ErrBaseYaExiste,
-                        QStringLiteral("El archivo '%1' ya existe; no se sobrescribe.").arg(QDir::toNativeSeparators(destino)),
+    // The rows go in through the file's own engine: a server's database is made from a migrated file.
+    if (archivos::EsUri(destino))
+        throw vb::Error(jet::ErrNombreNoValido,
+                        QStringLiteral("La migración se hace a un archivo; cópielo después al servidor con 'adq-util copiar'."),
                         QStringLiteral("Motor de base de datos"));
+    archivos::ExigeNueva(destino);
     // What is wrong with the file as a whole is said before anything is made.
     const QString problema = RevisaArchivo(origen);
     if (!problema.isEmpty()) throw vb::Error(jet::ErrFormatoNoReconocido, problema, QStringLiteral("Motor de base de datos"));
 
-    archivos::BorraTemporalesHuerfanos(destino);
-    const QString temporal = archivos::TemporalJunto(destino);
-    archivos::BorraTemporal(temporal);
     ResultadoMigracion r;
-    try {
-        auto db = dao::Database::CreateDatabase(temporal);
-        // Nobody sees the file until it is renamed into place, and a build cut short is thrown away: no
-        // commit of the build waits for the disk, only the last step below.
-        sqlite3_exec(db->sqlite(), "PRAGMA synchronous=OFF", nullptr, nullptr, nullptr);
-        {
-            Migrador m(*db, r, progreso);
-            Lee(origen, m);
-            m.termina();
-        }
-        if (sqlite3_exec(db->sqlite(), "PRAGMA synchronous=FULL; PRAGMA wal_checkpoint(TRUNCATE)", nullptr, nullptr, nullptr) != SQLITE_OK)
-            db->lanzaSqlite(sqlite3_errcode(db->sqlite()));
-        db.reset();
-        // Closed, everything is back in the one file: a log left beside it would be lost by the rename.
-        if (QFile::exists(temporal + QStringLiteral("-wal")))
-            throw vb::Error(jet::ErrDiscoORed,
-                            QStringLiteral("No se pudo terminar la base de datos '%1'.").arg(QDir::toNativeSeparators(destino)),
-                            QStringLiteral("Motor de base de datos"));
-        QString error;
-        if (!archivos::MueveSinReemplazar(temporal, destino, error))
-            throw vb::Error(QFileInfo::exists(destino) ? jet::ErrBaseYaExiste : jet::ErrDiscoORed, error,
-                            QStringLiteral("Motor de base de datos"));
-    } catch (...) {
-        archivos::BorraTemporal(temporal);
-        throw;
-    }
+    archivos::CreaBaseEntera(destino, [&](dao::Database& db) {
+        Migrador m(db, r, progreso);
+        Lee(origen, m);
+        m.termina();
+    });
     return r;
 }
 
