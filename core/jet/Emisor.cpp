@@ -51,8 +51,6 @@ QString LiteralComun(const vb::Variant& v) {
 
 namespace {
 
-using namespace detalle;
-
 bool EsComparacion(QStringView op) {
     return op == u"=" || op == u"<>" || op == u"<" || op == u">" || op == u"<=" || op == u">=";
 }

@@ -251,8 +251,10 @@ CREATE OR REPLACE FUNCTION jet_space(n double precision) RETURNS text LANGUAGE s
 
 -- LIKE: * any run, ? one character, # one digit, [abc] [a-z] [!abc]; case-blind in every alphabet.
 -- The pattern as an anchored regular expression; Null when it is malformed.
-CREATE OR REPLACE FUNCTION jet_patron(p text) RETURNS text LANGUAGE plpgsql IMMUTABLE PARALLEL SAFE AS $$
-DECLARE r text := '^'; i integer := 1; n integer := length(p); c text; cierre integer; clase text; k integer; x text;
+-- The pattern is read in a deterministic collation: the caller's may refuse substring searches.
+CREATE OR REPLACE FUNCTION jet_patron(patron text) RETURNS text LANGUAGE plpgsql IMMUTABLE PARALLEL SAFE AS $$
+DECLARE p text COLLATE "C" := patron; r text COLLATE "C" := '^'; i integer := 1; n integer := length(patron);
+  c text COLLATE "C"; cierre integer; clase text COLLATE "C"; k integer; x text COLLATE "C";
 BEGIN
   WHILE i <= n LOOP
     c := substr(p, i, 1);

@@ -47,6 +47,8 @@ inline int NumeroDeError(const QString& estado, const QString& mensaje) {
     return 3000;
 }
 
+inline QString Valor(const std::optional<QString>& texto, jet::TipoCampo tipo);
+
 class Base {
 public:
     Base() {
@@ -121,6 +123,38 @@ public:
         }
         PQclear(r);
         return res;
+    }
+
+    // A table of the test's own: made in the catalog by the dialect's CREATE TABLE, and on the server.
+    void creaTabla(const QString& ddl, const QString& nombre) {
+        catalogo_->Execute(ddl);
+        ejecutaVarias(jet::CreaTablaPostgres(QString(), *catalogo_->catalogo().tabla(nombre)));
+    }
+
+    // A statement of the dialect run on the server; a query's first column as the corpus writes values.
+    QStringList columna(const QString& sentencia) {
+        jet::Emision e;
+        try {
+            e = emite(sentencia);
+        } catch (const vb::Error& err) {
+            return {QStringLiteral("error %1: %2").arg(err.Number()).arg(err.Description())};
+        }
+        const Resultado r = corre(e.sql);
+        if (r.error) return {QStringLiteral("error %1: %2").arg(r.error).arg(r.mensaje)};
+        QStringList l;
+        for (const auto& f : r.filas) l << Valor(f.front(), e.columnas.front().tipo);
+        return l;
+    }
+    // An action statement: the rows it touched, or minus the engine's error number.
+    long long ejecuta(const QString& sentencia) {
+        jet::Emision e;
+        try {
+            e = emite(sentencia);
+        } catch (const vb::Error& err) {
+            return -err.Number();
+        }
+        const Resultado r = corre(e.sql);
+        return r.error ? -r.error : r.afectadas;
     }
 
     // A statement of the dialect written for the server (DML or query; `conRowid` for an updatable one).
