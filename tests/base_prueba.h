@@ -68,9 +68,11 @@ inline QString Plantilla() {
 
 }  // namespace detalle
 
-// A database with every table of the program: the file `archivo` in `dir`, or a fresh one on the server.
-inline std::unique_ptr<dao::Database> BaseConTablas(const QTemporaryDir& dir, const QString& archivo = QStringLiteral("KORVEL8.mdb")) {
-    if (!EnServidor()) {
+// A database with every table of the program: the file `archivo` in `dir`, or a fresh one on the server
+// unless the test is about files (`soloArchivo`).
+inline std::unique_ptr<dao::Database> BaseConTablas(const QTemporaryDir& dir, const QString& archivo = QStringLiteral("KORVEL8.mdb"),
+                                                    bool soloArchivo = false) {
+    if (!EnServidor() || soloArchivo) {
         auto db = dao::Database::CreateDatabase(dir.filePath(archivo));
         esquema::CreaTablas(*db);
         return db;

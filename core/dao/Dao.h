@@ -285,6 +285,8 @@ private:
     void abre(const QString& ruta, bool crear, bool soloLectura = false);
     void abreServidor(const QString& uri, bool crear);
     void ejecutaEnServidor(jet::Sentencia& s, int opciones);
+    // INSERT INTO t IN '<file>' from a server: the rows read here, written into the file through its own DAO.
+    void insertaEnArchivo(const QString& sentencia, const jet::Sentencia& s, int opciones);
     bool indiceEnServidor(const QString& nombre, const QString& tabla, const QStringList& columnas);
     QString adjunta(const QString& ruta);
     void sueltaAdjuntas();

@@ -687,7 +687,8 @@ void Database::Execute(const QString& sentencia, int opciones) {
         return;
     }
     if (pg_) {
-        ejecutaEnServidor(s, opciones);
+        if (s.clase == Sentencia::Insercion && !s.baseExterna.isEmpty()) insertaEnArchivo(sentencia, s, opciones);
+        else ejecutaEnServidor(s, opciones);
         return;
     }
     struct Suelta {

@@ -127,6 +127,51 @@ void Database::ejecutaEnServidor(Sentencia& s, int opciones) {
     }
 }
 
+void Database::insertaEnArchivo(const QString& sentencia, const Sentencia& s, int opciones) {
+    afectados_ = 0;
+    QString ruta = s.baseExterna;
+    ruta.replace(u'\\', u'/');
+    auto archivo = OpenDatabase(ruta);
+    const QString tabla = QStringLiteral("[%1]").arg(s.tabla);
+    if (s.posSelect < 0) {
+        // Values written in the statement: the file runs it as its own.
+        archivo->Execute(QStringLiteral("INSERT INTO ") + tabla + u' ' + sentencia.mid(s.posFuente), opciones);
+        afectados_ = archivo->RecordsAffected();
+        return;
+    }
+    const TablaDef* destino = archivo->catalogo().tabla(s.tabla);
+    if (!destino) Lanza(ErrTablaNoEncontrada, s.tabla);
+    auto origen = OpenRecordset(sentencia.mid(s.posSelect), dbOpenSnapshot);
+    FieldsCollection& salida = origen->Fields();
+    // Each column of the query goes to the field named in the list, or to the field of its own name (a
+    // SELECT * into a table with fewer fields leaves out what it lacks), or else to the field in its place.
+    std::vector<QString> campos(static_cast<size_t>(salida.Count()));
+    bool porNombre = false;
+    for (int i = 0; i < salida.Count(); ++i) {
+        if (!s.columnas.isEmpty()) {
+            if (i >= s.columnas.size()) Lanza(ErrValoresYCampos);
+            const CampoDef* c = destino->campo(s.columnas[i]);
+            if (!c) Lanza(ErrCampoInsertDesconocido, s.columnas[i]);
+            campos[static_cast<size_t>(i)] = c->nombre;
+        } else if (const CampoDef* c = destino->campo(salida[i].Name())) {
+            campos[static_cast<size_t>(i)] = c->nombre;
+            porNombre = true;
+        }
+    }
+    if (s.columnas.isEmpty() && !porNombre) {
+        if (salida.Count() > static_cast<int>(destino->campos.size())) Lanza(ErrValoresYCampos);
+        for (int i = 0; i < salida.Count(); ++i) campos[static_cast<size_t>(i)] = destino->campos[static_cast<size_t>(i)].nombre;
+    }
+    auto filas = archivo->OpenRecordset(QStringLiteral("SELECT * FROM %1 WHERE 1 = 0").arg(tabla), dbOpenDynaset);
+    for (; !origen->Eof(); origen->MoveNext()) {
+        filas->AddNew();
+        for (int i = 0; i < salida.Count(); ++i)
+            if (!campos[static_cast<size_t>(i)].isEmpty()) filas->Fields(campos[static_cast<size_t>(i)]).setValue(salida[i].Value());
+        filas->Update();
+        ++afectados_;
+    }
+}
+
 bool Database::indiceEnServidor(const QString& nombre, const QString& tabla, const QStringList& columnas) {
     QStringList c;
     for (const auto& col : columnas) c << CitaNombre(col);

@@ -187,6 +187,8 @@ struct Sentencia {
     // INSERT / UPDATE / DELETE / DDL target
     QString tabla;
     QString baseExterna;                      // INSERT INTO t IN '<file>'
+    int posFuente = 0;                        // INSERT: where the column list or the values begin
+    int posSelect = -1;                       // INSERT ... SELECT: where the SELECT begins
     int posTabla = 0;
     QStringList columnas;                     // INSERT column list; CREATE INDEX columns
     std::vector<ExprPtr> valores;             // INSERT ... VALUES

@@ -256,12 +256,17 @@ void ConexionPostgres::lanza(PGresult* r) const {
         conexionPerdida();
     int numero = 0;
     QString argumento;
-    if (ErrorDeFuncion(mensaje, numero, argumento)) Lanza(numero, argumento);
+    if (ErrorDeFuncion(mensaje, numero, argumento)) {
+        // The server's library writes the engine's whole description, the field's name in it.
+        if (numero >= 3000) throw vb::Error(numero, argumento, Origen);
+        if (numero == 94) throw vb::Error(94, QStringLiteral("Uso no válido de Null"), Origen);
+        Lanza(numero);
+    }
     if (estado == QLatin1String("23505")) Lanza(ErrValorDuplicado);
     if (estado == QLatin1String("23502")) Lanza(ErrRequerido, columna);
     if (estado == QLatin1String("22001")) Lanza(ErrCampoDemasiadoPequeno);
     if (estado == QLatin1String("22003")) Lanza(ErrDesbordamientoCampo, columna);
-    if (estado == QLatin1String("22012")) Lanza(ErrDesbordamiento);
+    if (estado == QLatin1String("22012")) Lanza(11);   // division by zero
     if (estado.startsWith(QLatin1String("22"))) Lanza(ErrTiposNoCoinciden);
     if (estado == QLatin1String("42P01")) Lanza(ErrTablaNoEncontrada, mensaje.section(u'"', 1, 1));
     if (estado == QLatin1String("42703")) Lanza(ErrPocosParametros, QStringLiteral("1"));
@@ -269,6 +274,10 @@ void ConexionPostgres::lanza(PGresult* r) const {
     if (estado == QLatin1String("42701")) Lanza(ErrCampoYaExiste, mensaje.section(u'"', 1, 1));
     if (estado == QLatin1String("42501")) Lanza(ErrSoloLectura);
     if (estado == QLatin1String("21000")) Lanza(ErrSubconsultaVariasFilas);
+    if (estado == QLatin1String("42803")) {
+        if (mensaje.startsWith(QLatin1String("aggregate functions are not allowed"))) Lanza(ErrAgregadoEnExpresion);
+        Lanza(ErrNoEsParteDelAgregado, mensaje.section(u'"', 1, 1));
+    }
     if (estado == QLatin1String("54001") || estado == QLatin1String("54000")) Lanza(ErrConsultaCompleja);
     if (estado == QLatin1String("54011")) Lanza(ErrDemasiadosCampos);
     if (estado == QLatin1String("40P01") || estado == QLatin1String("40001") || estado == QLatin1String("55P03") ||

@@ -761,6 +761,7 @@ Sentencia Analizador::insercion() {
         s.baseExterna = actual().cadena;
         avanza();
     }
+    s.posFuente = actual().pos;
     if (actual().esOp("(") && !siguiente().esPalabra("SELECT")) {
         avanza();
         do {
@@ -780,6 +781,7 @@ Sentencia Analizador::insercion() {
         contexto_ = ErrSintaxisInsert;
         exigeOp(")");
     } else if (actual().esPalabra("SELECT") || (actual().esOp("(") && siguiente().esPalabra("SELECT"))) {
+        s.posSelect = actual().pos;
         s.select = selectCompleto();
     } else {
         falla();

@@ -39,6 +39,8 @@ QString ModoDiario(dao::Database& db) {
 
 class Archivos : public ayuda::BaseJet {
 protected:
+    bool soloArchivo() const override { return true; }
+protected:
     void escribe(const QString& r, const QByteArray& datos) {
         QFile f(r);
         ASSERT_TRUE(f.open(QIODevice::WriteOnly | QIODevice::Truncate));

@@ -35,6 +35,7 @@ QStringList Montos(dao::Database& db, const QString& donde = QString()) {
 
 class MonedaAntigua : public ayuda::BaseJet {
 protected:
+    bool soloArchivo() const override { return true; }
     // The database as an earlier version left it: decimals (whole amounts as integers), no version mark.
     void envejece() {
         db.reset();

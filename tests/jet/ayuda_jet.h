@@ -53,10 +53,12 @@ class BaseJet : public ::testing::Test {
 protected:
     void SetUp() override {
         ASSERT_TRUE(dir.isValid());
-        db = prueba::BaseConTablas(dir);
+        db = prueba::BaseConTablas(dir, QStringLiteral("KORVEL8.mdb"), soloArchivo());
     }
 
     QString ruta(const QString& nombre) const { return dir.filePath(nombre); }
+    // Tests of what happens to files keep their database in one whatever the back end of the run.
+    virtual bool soloArchivo() const { return false; }
 
     void ejecuta(const QString& sql) { db->Execute(sql, dao::dbFailOnError); }
 
