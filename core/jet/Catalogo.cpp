@@ -112,30 +112,53 @@ QString NombreIndiceSqlite(const QString& tabla, const QString& indice) { return
 
 }  // namespace
 
-QString PredeterminadoSqlite(const QString& jet, TipoCampo tipo) {
+Predeterminado LeePredeterminado(const QString& jet, TipoCampo tipo) {
+    Predeterminado p;
     QString t = jet.trimmed();
     if (t.startsWith(u'=')) t = t.mid(1).trimmed();
-    if (t.isEmpty()) return {};
+    if (t.isEmpty()) return p;
     if ((t.startsWith(u'"') && t.endsWith(u'"') && t.size() >= 2) ||
-        (t.startsWith(u'\'') && t.endsWith(u'\'') && t.size() >= 2))
-        return CitaTexto(t.mid(1, t.size() - 2));
+        (t.startsWith(u'\'') && t.endsWith(u'\'') && t.size() >= 2)) {
+        p.clase = Predeterminado::Texto;
+        p.texto = t.mid(1, t.size() - 2);
+        return p;
+    }
     bool ok = false;
     const double d = t.toDouble(&ok);
     if (ok && tipo == TipoCampo::Currency) {
-        // Money is kept in ten-thousandths.
-        auto m = vb::Currency::parse(t);
         try {
-            return QString::number(m ? m->raw() : vb::Currency::fromDouble(d).raw());
+            const auto m = vb::Currency::parse(t);
+            p.moneda = m ? *m : vb::Currency::fromDouble(d);
+            p.clase = Predeterminado::Moneda;
         } catch (const vb::Error&) {
-            return {};
         }
+        return p;
     }
-    if (ok) return EsTexto(tipo) ? CitaTexto(t) : t;
+    if (ok) {
+        p.clase = EsTexto(tipo) ? Predeterminado::Texto : Predeterminado::Numero;
+        p.texto = t;
+        return p;
+    }
     const QString u = t.toUpper();
-    if (u == "NOW()") return QStringLiteral("(strftime('%Y-%m-%d %H:%M:%S','now','localtime'))");
-    if (u == "DATE()") return QStringLiteral("(strftime('%Y-%m-%d 00:00:00','now','localtime'))");
-    if (u == "TRUE" || u == "YES") return QStringLiteral("-1");
-    if (u == "FALSE" || u == "NO") return QStringLiteral("0");
+    if (u == "NOW()") p.clase = Predeterminado::Ahora;
+    else if (u == "DATE()") p.clase = Predeterminado::Hoy;
+    else if (u == "TRUE" || u == "YES") p.clase = Predeterminado::Verdadero;
+    else if (u == "FALSE" || u == "NO") p.clase = Predeterminado::Falso;
+    return p;
+}
+
+QString PredeterminadoSqlite(const QString& jet, TipoCampo tipo) {
+    const Predeterminado p = LeePredeterminado(jet, tipo);
+    switch (p.clase) {
+    case Predeterminado::Ninguno: return {};
+    case Predeterminado::Texto: return CitaTexto(p.texto);
+    case Predeterminado::Numero: return p.texto;
+    case Predeterminado::Moneda: return QString::number(p.moneda.raw());   // money is kept in ten-thousandths
+    case Predeterminado::Ahora: return QStringLiteral("(strftime('%Y-%m-%d %H:%M:%S','now','localtime'))");
+    case Predeterminado::Hoy: return QStringLiteral("(strftime('%Y-%m-%d 00:00:00','now','localtime'))");
+    case Predeterminado::Verdadero: return QStringLiteral("-1");
+    case Predeterminado::Falso: return QStringLiteral("0");
+    }
     return {};
 }
 
@@ -394,9 +417,77 @@ bool ActualizaMoneda(sqlite3* db, Catalogo& catalogo, const QString& esquema) {
     return true;
 }
 
-void CatalogoSqlite::creaTabla(const TablaDef& def, const QString& esquema) {
+void Catalogo::creaTabla(const TablaDef& def, const QString& esquema) {
     if (tabla(def.nombre, esquema)) Lanza(ErrTablaYaExiste, def.nombre);
     if (def.campos.empty()) Lanza(ErrSintaxisCreateTable);
+    aplicaCreaTabla(def, esquema);
+}
+
+void Catalogo::agregaCampo(const QString& nombreTabla, const CampoDef& campo, const QString& esquema) {
+    const TablaDef* t = tabla(nombreTabla, esquema);
+    if (!t) Lanza(ErrTablaNoEncontrada, nombreTabla);
+    if (t->campo(campo.nombre)) Lanza(ErrCampoYaExiste, campo.nombre, t->nombre);
+    if (campo.contador()) Lanza(ErrSintaxisAlterTable);
+    aplicaAgregaCampo(*t, campo, esquema);
+}
+
+void Catalogo::borraCampo(const QString& nombreTabla, const QString& campo) {
+    const TablaDef* t = tabla(nombreTabla);
+    if (!t) Lanza(ErrTablaNoEncontrada, nombreTabla);
+    const CampoDef* c = t->campo(campo);
+    if (!c) Lanza(ErrElementoNoEncontrado);
+    aplicaBorraCampo(*t, *c);
+}
+
+void Catalogo::borraTabla(const QString& nombreTabla) {
+    const TablaDef* t = tabla(nombreTabla);
+    if (!t) Lanza(ErrTablaNoEncontrada, nombreTabla);
+    aplicaBorraTabla(*t);
+}
+
+void Catalogo::creaIndice(const QString& nombreTabla, const IndiceDef& indice) {
+    const TablaDef* t = tabla(nombreTabla);
+    if (!t) Lanza(ErrTablaNoEncontrada, nombreTabla);
+    for (const auto& i : t->indices)
+        if (i.nombre.compare(indice.nombre, Qt::CaseInsensitive) == 0) Lanza(ErrCampoYaExiste, indice.nombre, t->nombre);
+    for (const auto& n : indice.campos)
+        if (!t->campo(n)) Lanza(ErrElementoNoEncontrado);
+    try {
+        aplicaCreaIndice(*t, indice);
+    } catch (const vb::Error& e) {
+        if (e.Number() == ErrDiscoORed) throw;
+        Lanza(ErrValorDuplicado);   // the rows already break the new unique index
+    }
+}
+
+void Catalogo::borraIndice(const QString& nombreTabla, const QString& indice) {
+    const TablaDef* t = tabla(nombreTabla);
+    if (!t) Lanza(ErrTablaNoEncontrada, nombreTabla);
+    for (const auto& i : t->indices) {
+        if (i.nombre.compare(indice, Qt::CaseInsensitive) != 0) continue;
+        aplicaBorraIndice(*t, i);
+        return;
+    }
+    Lanza(ErrElementoNoEncontrado);
+}
+
+void Catalogo::cambiaPredeterminado(const QString& nombreTabla, const QString& campo, const QString& valor) {
+    const TablaDef* t = tabla(nombreTabla);
+    if (!t || !t->campo(campo)) Lanza(ErrElementoNoEncontrado);
+    CampoDef c = *t->campo(campo);
+    c.predeterminado = valor;
+    guardaCampo(*t, c);
+}
+
+void Catalogo::cambiaRequerido(const QString& nombreTabla, const QString& campo, bool requerido) {
+    const TablaDef* t = tabla(nombreTabla);
+    if (!t || !t->campo(campo)) Lanza(ErrElementoNoEncontrado);
+    CampoDef c = *t->campo(campo);
+    c.requerido = requerido;
+    guardaCampo(*t, c);
+}
+
+void CatalogoSqlite::aplicaCreaTabla(const TablaDef& def, const QString& esquema) {
     const QString e = CitaNombre(esquema);
     PreparaMetadatos(db_, esquema);
     QStringList columnas;
@@ -411,95 +502,52 @@ void CatalogoSqlite::creaTabla(const TablaDef& def, const QString& esquema) {
     transaccion(sql);
 }
 
-void CatalogoSqlite::agregaCampo(const QString& nombreTabla, const CampoDef& campo, const QString& esquema) {
-    const TablaDef* t = tabla(nombreTabla, esquema);
-    if (!t) Lanza(ErrTablaNoEncontrada, nombreTabla);
-    if (t->campo(campo.nombre)) Lanza(ErrCampoYaExiste, campo.nombre, t->nombre);
+void CatalogoSqlite::aplicaAgregaCampo(const TablaDef& t, const CampoDef& c, const QString& esquema) {
     const QString e = CitaNombre(esquema);
     PreparaMetadatos(db_, esquema);
     // SQLite can't add a NOT NULL column without a default to a table; the required flag is then kept in
     // the bookkeeping and checked on every write.
-    CampoDef c = campo;
-    if (c.contador()) Lanza(ErrSintaxisAlterTable);
     const bool restriccion = c.requerido && !PredeterminadoSqlite(c.predeterminado, c.tipo).isEmpty();
     QString sql = QStringLiteral("ALTER TABLE %1.%2 ADD COLUMN %3;")
-                      .arg(e, CitaNombre(t->nombre), DefinicionColumna(c, restriccion));
-    sql += FilaCampo(e, t->nombre, c);
+                      .arg(e, CitaNombre(t.nombre), DefinicionColumna(c, restriccion));
+    sql += FilaCampo(e, t.nombre, c);
     transaccion(sql);
 }
 
-void CatalogoSqlite::borraCampo(const QString& nombreTabla, const QString& campo) {
-    const TablaDef* t = tabla(nombreTabla);
-    if (!t) Lanza(ErrTablaNoEncontrada, nombreTabla);
-    const CampoDef* c = t->campo(campo);
-    if (!c) Lanza(ErrElementoNoEncontrado);
+void CatalogoSqlite::aplicaBorraCampo(const TablaDef& t, const CampoDef& c) {
     QString sql;
-    for (const auto& i : t->indices) {
-        if (i.campos.contains(c->nombre, Qt::CaseInsensitive)) {
+    for (const auto& i : t.indices) {
+        if (i.campos.contains(c.nombre, Qt::CaseInsensitive)) {
             sql += QStringLiteral("DROP INDEX IF EXISTS %1; DELETE FROM MSysIndices WHERE Tabla = %2 AND Indice = %3;")
-                       .arg(CitaNombre(NombreIndiceSqlite(t->nombre, i.nombre)), CitaTexto(t->nombre), CitaTexto(i.nombre));
+                       .arg(CitaNombre(NombreIndiceSqlite(t.nombre, i.nombre)), CitaTexto(t.nombre), CitaTexto(i.nombre));
         }
     }
     sql += QStringLiteral("ALTER TABLE %1 DROP COLUMN %2; DELETE FROM MSysCampos WHERE Tabla = %3 AND Campo = %4;")
-               .arg(CitaNombre(t->nombre), CitaNombre(c->nombre), CitaTexto(t->nombre), CitaTexto(c->nombre));
+               .arg(CitaNombre(t.nombre), CitaNombre(c.nombre), CitaTexto(t.nombre), CitaTexto(c.nombre));
     transaccion(sql);
 }
 
-void CatalogoSqlite::borraTabla(const QString& nombreTabla) {
-    const TablaDef* t = tabla(nombreTabla);
-    if (!t) Lanza(ErrTablaNoEncontrada, nombreTabla);
-    const QString n = t->nombre;
-    QString sql = QStringLiteral("DROP TABLE %1;").arg(CitaNombre(n));
+void CatalogoSqlite::aplicaBorraTabla(const TablaDef& t) {
+    QString sql = QStringLiteral("DROP TABLE %1;").arg(CitaNombre(t.nombre));
     PreparaMetadatos(db_);
     sql += QStringLiteral("DELETE FROM MSysCampos WHERE Tabla = %1; DELETE FROM MSysIndices WHERE Tabla = %1;")
-               .arg(CitaTexto(n));
+               .arg(CitaTexto(t.nombre));
     transaccion(sql);
 }
 
-void CatalogoSqlite::creaIndice(const QString& nombreTabla, const IndiceDef& indice) {
-    const TablaDef* t = tabla(nombreTabla);
-    if (!t) Lanza(ErrTablaNoEncontrada, nombreTabla);
-    for (const auto& i : t->indices)
-        if (i.nombre.compare(indice.nombre, Qt::CaseInsensitive) == 0) Lanza(ErrCampoYaExiste, indice.nombre, t->nombre);
-    for (const auto& n : indice.campos)
-        if (!t->campo(n)) Lanza(ErrElementoNoEncontrado);
+void CatalogoSqlite::aplicaCreaIndice(const TablaDef& t, const IndiceDef& indice) {
     PreparaMetadatos(db_);
-    try {
-        transaccion(SqlIndice(QStringLiteral("\"main\""), *t, indice) + FilaIndice(QStringLiteral("\"main\""), t->nombre, indice));
-    } catch (const vb::Error&) {
-        Lanza(ErrValorDuplicado);   // the rows already break the new unique index
-    }
+    transaccion(SqlIndice(QStringLiteral("\"main\""), t, indice) + FilaIndice(QStringLiteral("\"main\""), t.nombre, indice));
 }
 
-void CatalogoSqlite::borraIndice(const QString& nombreTabla, const QString& indice) {
-    const TablaDef* t = tabla(nombreTabla);
-    if (!t) Lanza(ErrTablaNoEncontrada, nombreTabla);
-    for (const auto& i : t->indices) {
-        if (i.nombre.compare(indice, Qt::CaseInsensitive) != 0) continue;
-        transaccion(QStringLiteral("DROP INDEX IF EXISTS %1; DELETE FROM MSysIndices WHERE Tabla = %2 AND Indice = %3;")
-                        .arg(CitaNombre(NombreIndiceSqlite(t->nombre, i.nombre)), CitaTexto(t->nombre), CitaTexto(i.nombre)));
-        return;
-    }
-    Lanza(ErrElementoNoEncontrado);
+void CatalogoSqlite::aplicaBorraIndice(const TablaDef& t, const IndiceDef& i) {
+    transaccion(QStringLiteral("DROP INDEX IF EXISTS %1; DELETE FROM MSysIndices WHERE Tabla = %2 AND Indice = %3;")
+                    .arg(CitaNombre(NombreIndiceSqlite(t.nombre, i.nombre)), CitaTexto(t.nombre), CitaTexto(i.nombre)));
 }
 
-void CatalogoSqlite::cambiaPredeterminado(const QString& nombreTabla, const QString& campo, const QString& valor) {
-    const TablaDef* t = tabla(nombreTabla);
-    if (!t || !t->campo(campo)) Lanza(ErrElementoNoEncontrado);
-    CampoDef c = *t->campo(campo);
-    c.predeterminado = valor;
+void CatalogoSqlite::guardaCampo(const TablaDef& t, const CampoDef& c) {
     PreparaMetadatos(db_);
-    ejecuta(FilaCampo(QStringLiteral("\"main\""), t->nombre, c));
-    invalida();
-}
-
-void CatalogoSqlite::cambiaRequerido(const QString& nombreTabla, const QString& campo, bool requerido) {
-    const TablaDef* t = tabla(nombreTabla);
-    if (!t || !t->campo(campo)) Lanza(ErrElementoNoEncontrado);
-    CampoDef c = *t->campo(campo);
-    c.requerido = requerido;
-    PreparaMetadatos(db_);
-    ejecuta(FilaCampo(QStringLiteral("\"main\""), t->nombre, c));
+    ejecuta(FilaCampo(QStringLiteral("\"main\""), t.nombre, c));
     invalida();
 }
 

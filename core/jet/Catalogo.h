@@ -4,6 +4,7 @@
 // MSysCampos and MSysIndices keep what SQLite has no words for. Names are found without regard to case
 // (accented letters included) and kept as they were created.
 #include "core/jet/Ast.h"
+#include "core/vb/Currency.h"
 
 #include <QHash>
 #include <QSet>
@@ -78,15 +79,15 @@ public:
     // lookups after it in the same statement trust what is known.
     void nuevaSentencia() { verificados_.clear(); }
 
-    // Changes of schema, each applied to the database and the bookkeeping together.
-    virtual void creaTabla(const TablaDef& def, const QString& esquema = QStringLiteral("main")) = 0;
-    virtual void agregaCampo(const QString& tabla, const CampoDef& campo, const QString& esquema = QStringLiteral("main")) = 0;
-    virtual void borraCampo(const QString& tabla, const QString& campo) = 0;
-    virtual void borraTabla(const QString& tabla) = 0;
-    virtual void creaIndice(const QString& tabla, const IndiceDef& indice) = 0;
-    virtual void borraIndice(const QString& tabla, const QString& indice) = 0;
-    virtual void cambiaPredeterminado(const QString& tabla, const QString& campo, const QString& valor) = 0;
-    virtual void cambiaRequerido(const QString& tabla, const QString& campo, bool requerido) = 0;
+    // Changes of schema, each checked here and applied to the database and the bookkeeping together.
+    void creaTabla(const TablaDef& def, const QString& esquema = QStringLiteral("main"));
+    void agregaCampo(const QString& tabla, const CampoDef& campo, const QString& esquema = QStringLiteral("main"));
+    void borraCampo(const QString& tabla, const QString& campo);
+    void borraTabla(const QString& tabla);
+    void creaIndice(const QString& tabla, const IndiceDef& indice);
+    void borraIndice(const QString& tabla, const QString& indice);
+    void cambiaPredeterminado(const QString& tabla, const QString& campo, const QString& valor);
+    void cambiaRequerido(const QString& tabla, const QString& campo, bool requerido);
 
 protected:
     Catalogo() = default;
@@ -102,6 +103,16 @@ protected:
     // After a change of schema: nothing known is trusted, not even within the statement.
     void olvida() { verificados_.clear(); }
 
+    // Each back end's way of applying a change already checked.
+    virtual void aplicaCreaTabla(const TablaDef& def, const QString& esquema) = 0;
+    virtual void aplicaAgregaCampo(const TablaDef& t, const CampoDef& campo, const QString& esquema) = 0;
+    virtual void aplicaBorraCampo(const TablaDef& t, const CampoDef& campo) = 0;
+    virtual void aplicaBorraTabla(const TablaDef& t) = 0;
+    virtual void aplicaCreaIndice(const TablaDef& t, const IndiceDef& indice) = 0;
+    virtual void aplicaBorraIndice(const TablaDef& t, const IndiceDef& indice) = 0;
+    // The field's new properties, kept in the bookkeeping only.
+    virtual void guardaCampo(const TablaDef& t, const CampoDef& campo) = 0;
+
 private:
     QHash<QString, Esquema> esquemas_;
     QSet<QString> verificados_;
@@ -114,20 +125,18 @@ public:
     explicit CatalogoSqlite(sqlite3* db) : db_(db) {}
     ~CatalogoSqlite() override;
 
-    void creaTabla(const TablaDef& def, const QString& esquema = QStringLiteral("main")) override;
-    void agregaCampo(const QString& tabla, const CampoDef& campo, const QString& esquema = QStringLiteral("main")) override;
-    void borraCampo(const QString& tabla, const QString& campo) override;
-    void borraTabla(const QString& tabla) override;
-    void creaIndice(const QString& tabla, const IndiceDef& indice) override;
-    void borraIndice(const QString& tabla, const QString& indice) override;
-    void cambiaPredeterminado(const QString& tabla, const QString& campo, const QString& valor) override;
-    void cambiaRequerido(const QString& tabla, const QString& campo, bool requerido) override;
-
 private:
     sqlite3* db_;
     QHash<QString, sqlite3_stmt*> versiones_;   // PRAGMA <esquema>.schema_version, prepared once
     long long version(const QString& esquema) override;
     void lee(const QString& esquema, Esquema& nuevo) override;
+    void aplicaCreaTabla(const TablaDef& def, const QString& esquema) override;
+    void aplicaAgregaCampo(const TablaDef& t, const CampoDef& campo, const QString& esquema) override;
+    void aplicaBorraCampo(const TablaDef& t, const CampoDef& campo) override;
+    void aplicaBorraTabla(const TablaDef& t) override;
+    void aplicaCreaIndice(const TablaDef& t, const IndiceDef& indice) override;
+    void aplicaBorraIndice(const TablaDef& t, const IndiceDef& indice) override;
+    void guardaCampo(const TablaDef& t, const CampoDef& campo) override;
     void ejecuta(const QString& sql);
     void transaccion(const QString& sql);   // statements applied together, or none of them
 };
@@ -136,6 +145,13 @@ private:
 QString CitaNombre(const QString& nombre);          // "name" with inner quotes doubled
 QString CitaTexto(const QString& texto);            // 'text' with inner quotes doubled
 QString ClaveNombre(const QString& nombre);         // the case-folded key names are compared by
+// A field's DefaultValue text ("0", "\"S\"", "Now()", "=True") as what it stands for; each engine writes it.
+struct Predeterminado {
+    enum Clase { Ninguno, Texto, Numero, Moneda, Ahora, Hoy, Verdadero, Falso } clase = Ninguno;
+    QString texto;              // Texto: the text without quotes; Numero: the number as written
+    vb::Currency moneda;        // Moneda: a number given to a money field
+};
+Predeterminado LeePredeterminado(const QString& jet, TipoCampo tipo);
 QString PredeterminadoSqlite(const QString& jet, TipoCampo tipo);   // empty when SQLite can't express it
 
 }  // namespace jet

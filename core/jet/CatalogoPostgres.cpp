@@ -136,91 +136,45 @@ void CatalogoPostgres::cambia(const QString& sql) {
     ++version_;
 }
 
-void CatalogoPostgres::creaTabla(const TablaDef& def, const QString& esquema) {
-    SoloPrincipal(esquema);
-    if (tabla(def.nombre, esquema)) Lanza(ErrTablaYaExiste, def.nombre);
-    if (def.campos.empty()) Lanza(ErrSintaxisCreateTable);
+void CatalogoPostgres::aplicaCreaTabla(const TablaDef& def, const QString&) {
     QString sql = CreaTablaPostgres(QString(), def);
     for (const auto& c : def.campos) sql += FilaCampo(def.nombre, c);
     for (const auto& i : def.indices) sql += FilaIndice(def.nombre, i);   // the indexes come with the table
     cambia(sql);
 }
 
-void CatalogoPostgres::agregaCampo(const QString& nombreTabla, const CampoDef& campo, const QString& esquema) {
-    SoloPrincipal(esquema);
-    const TablaDef* t = tabla(nombreTabla, esquema);
-    if (!t) Lanza(ErrTablaNoEncontrada, nombreTabla);
-    if (t->campo(campo.nombre)) Lanza(ErrCampoYaExiste, campo.nombre, t->nombre);
-    if (campo.contador()) Lanza(ErrSintaxisAlterTable);
-    cambia(AgregaCampoPostgres(QString(), *t, campo) + FilaCampo(t->nombre, campo));
+void CatalogoPostgres::aplicaAgregaCampo(const TablaDef& t, const CampoDef& campo, const QString&) {
+    cambia(AgregaCampoPostgres(QString(), t, campo) + FilaCampo(t.nombre, campo));
 }
 
-void CatalogoPostgres::borraCampo(const QString& nombreTabla, const QString& campo) {
-    const TablaDef* t = tabla(nombreTabla);
-    if (!t) Lanza(ErrTablaNoEncontrada, nombreTabla);
-    const CampoDef* c = t->campo(campo);
-    if (!c) Lanza(ErrElementoNoEncontrado);
+void CatalogoPostgres::aplicaBorraCampo(const TablaDef& t, const CampoDef& c) {
     // The server drops the column's indexes with it.
     QString sql;
-    for (const auto& i : t->indices) {
-        if (i.campos.contains(c->nombre, Qt::CaseInsensitive))
+    for (const auto& i : t.indices) {
+        if (i.campos.contains(c.nombre, Qt::CaseInsensitive))
             sql += QStringLiteral("DELETE FROM \"MSysIndices\" WHERE \"Tabla\" = %1 AND \"Indice\" = %2;")
-                       .arg(CitaTexto(t->nombre), CitaTexto(i.nombre));
+                       .arg(CitaTexto(t.nombre), CitaTexto(i.nombre));
     }
     sql += QStringLiteral("ALTER TABLE %1 DROP COLUMN %2; DELETE FROM \"MSysCampos\" WHERE \"Tabla\" = %3 AND \"Campo\" = %4;")
-               .arg(CitaNombre(t->nombre), CitaNombre(c->nombre), CitaTexto(t->nombre), CitaTexto(c->nombre));
+               .arg(CitaNombre(t.nombre), CitaNombre(c.nombre), CitaTexto(t.nombre), CitaTexto(c.nombre));
     cambia(sql);
 }
 
-void CatalogoPostgres::borraTabla(const QString& nombreTabla) {
-    const TablaDef* t = tabla(nombreTabla);
-    if (!t) Lanza(ErrTablaNoEncontrada, nombreTabla);
+void CatalogoPostgres::aplicaBorraTabla(const TablaDef& t) {
     cambia(QStringLiteral("DROP TABLE %1; DELETE FROM \"MSysCampos\" WHERE \"Tabla\" = %2; "
                           "DELETE FROM \"MSysIndices\" WHERE \"Tabla\" = %2;")
-               .arg(CitaNombre(t->nombre), CitaTexto(t->nombre)));
+               .arg(CitaNombre(t.nombre), CitaTexto(t.nombre)));
 }
 
-void CatalogoPostgres::creaIndice(const QString& nombreTabla, const IndiceDef& indice) {
-    const TablaDef* t = tabla(nombreTabla);
-    if (!t) Lanza(ErrTablaNoEncontrada, nombreTabla);
-    for (const auto& i : t->indices)
-        if (i.nombre.compare(indice.nombre, Qt::CaseInsensitive) == 0) Lanza(ErrCampoYaExiste, indice.nombre, t->nombre);
-    for (const auto& n : indice.campos)
-        if (!t->campo(n)) Lanza(ErrElementoNoEncontrado);
-    try {
-        cambia(SqlIndicePostgres(QString(), *t, indice) + FilaIndice(t->nombre, indice));
-    } catch (const vb::Error& e) {
-        if (e.Number() == ErrDiscoORed) throw;
-        Lanza(ErrValorDuplicado);   // the rows already break the new unique index
-    }
+void CatalogoPostgres::aplicaCreaIndice(const TablaDef& t, const IndiceDef& indice) {
+    cambia(SqlIndicePostgres(QString(), t, indice) + FilaIndice(t.nombre, indice));
 }
 
-void CatalogoPostgres::borraIndice(const QString& nombreTabla, const QString& indice) {
-    const TablaDef* t = tabla(nombreTabla);
-    if (!t) Lanza(ErrTablaNoEncontrada, nombreTabla);
-    for (const auto& i : t->indices) {
-        if (i.nombre.compare(indice, Qt::CaseInsensitive) != 0) continue;
-        cambia(QStringLiteral("DROP INDEX IF EXISTS %1; DELETE FROM \"MSysIndices\" WHERE \"Tabla\" = %2 AND \"Indice\" = %3;")
-                   .arg(CitaNombre(NombreIndicePostgres(t->nombre, i.nombre)), CitaTexto(t->nombre), CitaTexto(i.nombre)));
-        return;
-    }
-    Lanza(ErrElementoNoEncontrado);
+void CatalogoPostgres::aplicaBorraIndice(const TablaDef& t, const IndiceDef& i) {
+    cambia(QStringLiteral("DROP INDEX IF EXISTS %1; DELETE FROM \"MSysIndices\" WHERE \"Tabla\" = %2 AND \"Indice\" = %3;")
+               .arg(CitaNombre(NombreIndicePostgres(t.nombre, i.nombre)), CitaTexto(t.nombre), CitaTexto(i.nombre)));
 }
 
-void CatalogoPostgres::cambiaPredeterminado(const QString& nombreTabla, const QString& campo, const QString& valor) {
-    const TablaDef* t = tabla(nombreTabla);
-    if (!t || !t->campo(campo)) Lanza(ErrElementoNoEncontrado);
-    CampoDef c = *t->campo(campo);
-    c.predeterminado = valor;
-    cambia(FilaCampo(t->nombre, c));
-}
-
-void CatalogoPostgres::cambiaRequerido(const QString& nombreTabla, const QString& campo, bool requerido) {
-    const TablaDef* t = tabla(nombreTabla);
-    if (!t || !t->campo(campo)) Lanza(ErrElementoNoEncontrado);
-    CampoDef c = *t->campo(campo);
-    c.requerido = requerido;
-    cambia(FilaCampo(t->nombre, c));
-}
+void CatalogoPostgres::guardaCampo(const TablaDef& t, const CampoDef& c) { cambia(FilaCampo(t.nombre, c)); }
 
 }  // namespace jet

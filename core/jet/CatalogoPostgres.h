@@ -15,20 +15,18 @@ class CatalogoPostgres final : public Catalogo {
 public:
     explicit CatalogoPostgres(ConexionPostgres& c) : c_(c) {}
 
-    void creaTabla(const TablaDef& def, const QString& esquema = QStringLiteral("main")) override;
-    void agregaCampo(const QString& tabla, const CampoDef& campo, const QString& esquema = QStringLiteral("main")) override;
-    void borraCampo(const QString& tabla, const QString& campo) override;
-    void borraTabla(const QString& tabla) override;
-    void creaIndice(const QString& tabla, const IndiceDef& indice) override;
-    void borraIndice(const QString& tabla, const QString& indice) override;
-    void cambiaPredeterminado(const QString& tabla, const QString& campo, const QString& valor) override;
-    void cambiaRequerido(const QString& tabla, const QString& campo, bool requerido) override;
-
 private:
     ConexionPostgres& c_;
     long long version_ = 0;
     long long version(const QString& esquema) override;
     void lee(const QString& esquema, Esquema& nuevo) override;
+    void aplicaCreaTabla(const TablaDef& def, const QString& esquema) override;
+    void aplicaAgregaCampo(const TablaDef& t, const CampoDef& campo, const QString& esquema) override;
+    void aplicaBorraCampo(const TablaDef& t, const CampoDef& campo) override;
+    void aplicaBorraTabla(const TablaDef& t) override;
+    void aplicaCreaIndice(const TablaDef& t, const IndiceDef& indice) override;
+    void aplicaBorraIndice(const TablaDef& t, const IndiceDef& indice) override;
+    void guardaCampo(const TablaDef& t, const CampoDef& campo) override;
     // Statements of a change of schema, applied together and announced.
     void cambia(const QString& sql);
 };

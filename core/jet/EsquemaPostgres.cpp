@@ -48,31 +48,17 @@ QString TipoColumnaPostgres(const CampoDef& c) {
 }
 
 QString PredeterminadoPostgres(const QString& jet, TipoCampo tipo) {
-    QString t = jet.trimmed();
-    if (t.startsWith(u'=')) t = t.mid(1).trimmed();
-    if (t.isEmpty()) return {};
-    if ((t.startsWith(u'"') && t.endsWith(u'"') && t.size() >= 2) || (t.startsWith(u'\'') && t.endsWith(u'\'') && t.size() >= 2))
-        return CitaTexto(t.mid(1, t.size() - 2));
-    bool ok = false;
-    const double d = t.toDouble(&ok);
-    if (ok && tipo == TipoCampo::Currency) {
-        // Money is kept in natural units, to the ten-thousandth.
-        try {
-            const auto m = vb::Currency::parse(t);
-            return (m ? *m : vb::Currency::fromDouble(d)).toSql();
-        } catch (const vb::Error&) {
-            return {};
-        }
+    const Predeterminado p = LeePredeterminado(jet, tipo);
+    switch (p.clase) {
+    case Predeterminado::Ninguno: return {};
+    case Predeterminado::Texto: return CitaTexto(p.texto);
+    case Predeterminado::Numero: return p.texto.startsWith(u'-') ? u'(' + p.texto + u')' : p.texto;
+    case Predeterminado::Moneda: return p.moneda.toSql();
+    case Predeterminado::Ahora: return QStringLiteral("LOCALTIMESTAMP(0)");
+    case Predeterminado::Hoy: return QStringLiteral("CURRENT_DATE");
+    case Predeterminado::Verdadero: return QStringLiteral("(-1)");
+    case Predeterminado::Falso: return QStringLiteral("0");
     }
-    if (ok) {
-        if (EsTexto(tipo)) return CitaTexto(t);
-        return t.startsWith(u'-') ? u'(' + t + u')' : t;
-    }
-    const QString u = t.toUpper();
-    if (u == "NOW()") return QStringLiteral("LOCALTIMESTAMP(0)");
-    if (u == "DATE()") return QStringLiteral("CURRENT_DATE");
-    if (u == "TRUE" || u == "YES") return QStringLiteral("(-1)");
-    if (u == "FALSE" || u == "NO") return QStringLiteral("0");
     return {};
 }
 
