@@ -311,7 +311,7 @@ QString Emisor::select(const Select& s, bool conRowid, Emision* salida, const st
             const int i = o.expr->columnaSub;
             QString t = QString::number(i + 1);
             if (EsTexto(s.salida[static_cast<size_t>(i)].tipo)) t += colacionPosicion();
-            if (o.desc) t += QStringLiteral(" DESC");
+            t += sentido(o.desc);
             orden << t;
         }
         sql += QStringLiteral(" ORDER BY ") + orden.join(QStringLiteral(", "));
@@ -373,7 +373,7 @@ QString Emisor::nucleo(const Select& s, bool conRowid, Emision* salida, const st
             porPosicion = false;
         }
         QString cola;
-        if (o.desc) cola += QStringLiteral(" DESC");
+        cola += sentido(o.desc);
         const QString colacion = EsTexto(tipo) ? QString::fromLatin1(Colacion) : QString();
         orden << t + (EsTexto(tipo) ? (porPosicion ? colacionPosicion() : colacion) : QString()) + cola;
         ordenExpresiones << v + colacion + cola;
@@ -401,6 +401,7 @@ QString Emisor::nucleo(const Select& s, bool conRowid, Emision* salida, const st
             .arg(exteriores.join(QStringLiteral(", ")), items.join(QStringLiteral(", ")), ventana, total, cuerpo, limite, aliasAnonimo());
     }
     QString sql = QStringLiteral("SELECT ") + distinto + items.join(QStringLiteral(", ")) + cuerpo;
+    if (const QString d = desempate(s); !d.isEmpty()) orden << d;
     if (!orden.isEmpty()) sql += QStringLiteral(" ORDER BY ") + orden.join(QStringLiteral(", "));
     if (s.top >= 0) {
         if (s.topPercent) {

@@ -71,6 +71,11 @@ protected:
     virtual QString colacionGrupo() const;
     virtual QString colacionPosicion() const;
     // TOP n of a sorted query, keeping the rows tied with the last one; empty when the shared form serves.
+    // The direction of a sort key, Null counted below every value.
+    virtual QString sentido(bool descendente) const { return descendente ? QStringLiteral(" DESC") : QString(); }
+    // What settles the order of rows a sort leaves tied, or of an unsorted query: empty where the engine's
+    // own scan already gives them in the order they were written.
+    virtual QString desempate(const Select&) const { return {}; }
     virtual QString conEmpates(const Select&, const QString& /*select sin TOP*/) { return {}; }
 
     int profundidad_ = 0;

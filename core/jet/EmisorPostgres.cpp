@@ -321,6 +321,12 @@ QString EmisorPostgres::like(const Expr& e) {
     return Emisor::like(e);
 }
 
+QString EmisorPostgres::desempate(const Select& s) const {
+    const bool unaTabla = s.from.size() == 1 && s.from[0]->clase == FuenteFrom::Tabla;
+    if (!unaTabla || s.agregada || s.distinct || !s.groupBy.empty() || !s.uniones.empty()) return {};
+    return CitaNombre(s.from[0]->aliasSql) + QStringLiteral(".rowid");
+}
+
 QString EmisorPostgres::conEmpates(const Select& s, const QString& sinTop) {
     return sinTop + QStringLiteral(" FETCH FIRST %1 ROWS WITH TIES").arg(s.top);
 }

@@ -39,6 +39,12 @@ protected:
     QString colacionGrupo() const override { return {}; }
     QString colacionPosicion() const override { return {}; }
     QString conEmpates(const Select& s, const QString& sinTop) override;
+    // The server gives rows in no particular order: those of one table come in the order they were written.
+    QString desempate(const Select& s) const override;
+    // The server counts Null above every value; the dialect below.
+    QString sentido(bool descendente) const override {
+        return descendente ? QStringLiteral(" DESC NULLS LAST") : QStringLiteral(" NULLS FIRST");
+    }
     QStringView funcionConcatenacion() const override { return u"concat"; }
 
 private:
