@@ -155,6 +155,8 @@ std::unique_ptr<ConexionPostgres> ConexionPostgres::Conecta(const QString& uri, 
         if (noExiste) *noExiste = falta;
         FallaConexion(d.anfitrion, d.base, motivo);
     }
+    // The server's notices (and its word that it is shutting down) are not for the user's terminal.
+    PQsetNoticeProcessor(c, [](void*, const char*) {}, nullptr);
     std::unique_ptr<ConexionPostgres> r(new ConexionPostgres);
     r->c_ = c;
     r->uri_ = uri;
