@@ -354,7 +354,11 @@ private:
     friend class Field;
     Recordset() = default;
     void abre();
+    // Each back end's part of opening, writing and deleting a row.
+    void abreEnArchivo(const jet::Emision& e);
     void abreEnServidor(const jet::Emision& e);
+    void escribeEnArchivo(const QStringList& columnas, const std::vector<vb::Variant>& valores);
+    void borraEnArchivo();
     // Where criteria and defaults are worked out: the file's own connection, or an in-memory one beside a server.
     sqlite3* motorLocal() const;
     qint64 siguienteContador();

@@ -346,19 +346,8 @@ void Recordset::abre() {
 
     if (st_) sqlite3_finalize(st_);
     st_ = nullptr;
-    if (db_->EnServidor()) {
-        abreEnServidor(e);
-    } else {
-    const QByteArray u = e.sql.toUtf8();
-    const int rc = sqlite3_prepare_v2(db_->sqlite(), u.constData(), static_cast<int>(u.size()), &st_, nullptr);
-    if (rc != SQLITE_OK) {
-        sqlite3_finalize(st_);
-        st_ = nullptr;
-        db_->lanzaSqlite(rc);
-    }
-    filas_.reinicia(static_cast<int>(tipos_.size()), porClave_, db_->bloquesLibres_);
-    completo_ = false;
-    }
+    if (db_->EnServidor()) abreEnServidor(e);
+    else abreEnArchivo(e);
     if (!registrado_) {
         db_->abiertos_.push_back(this);
         registrado_ = true;
@@ -373,6 +362,18 @@ void Recordset::abre() {
         pos_ = 0;
         bof_ = eof_ = true;
     }
+}
+
+void Recordset::abreEnArchivo(const Emision& e) {
+    const QByteArray u = e.sql.toUtf8();
+    const int rc = sqlite3_prepare_v2(db_->sqlite(), u.constData(), static_cast<int>(u.size()), &st_, nullptr);
+    if (rc != SQLITE_OK) {
+        sqlite3_finalize(st_);
+        st_ = nullptr;
+        db_->lanzaSqlite(rc);
+    }
+    filas_.reinicia(static_cast<int>(tipos_.size()), porClave_, db_->bloquesLibres_);
+    completo_ = false;
 }
 
 bool Recordset::trae() {
@@ -650,38 +651,7 @@ void Recordset::CancelUpdate() {
     cambiado_.clear();
 }
 
-void Recordset::Update() {
-    if (modo_ == dbEditNone) Lanza(ErrSinAddNewNiEdit);
-    db_->terminaLecturas();     // the scans end before the table changes under them
-    QStringList columnas;
-    std::vector<vb::Variant> valores;
-    for (size_t i = 0; i < columnas_.size(); ++i) {
-        const CampoDef* campo = tabla_->campo(columnas_[i].campoOrigen);
-        if (!campo) continue;
-        if (modo_ == dbEditAdd || cambiado_[i]) {
-            if (modo_ == dbEditInProgress && !cambiado_[i]) continue;
-            valores.push_back(ConvierteParaCampo(buffer_[i], *campo));
-            columnas << CitaNombre(campo->nombre);
-        }
-    }
-    // Required fields of the table that the query doesn't show.
-    if (modo_ == dbEditAdd) {
-        for (const auto& c : tabla_->campos) {
-            bool mostrado = false;
-            for (const auto& col : columnas_)
-                if (col.campoOrigen.compare(c.nombre, Qt::CaseInsensitive) == 0) mostrado = true;
-            if (!mostrado && c.requerido && !c.contador() && PredeterminadoSqlite(c.predeterminado, c.tipo).isEmpty())
-                Lanza(ErrRequerido, c.nombre);
-        }
-    }
-    qint64 idServidor = -1;
-    if (db_->EnServidor()) {
-        if (modo_ == dbEditInProgress && columnas.isEmpty()) {
-            modo_ = dbEditNone;
-            return;
-        }
-        idServidor = escribeEnServidor(columnas, valores);
-    } else {
+void Recordset::escribeEnArchivo(const QStringList& columnas, const std::vector<vb::Variant>& valores) {
     QString sql;
     if (modo_ == dbEditAdd) {
         QStringList marcas;
@@ -691,10 +661,6 @@ void Recordset::Update() {
                                        .arg(CitaNombre(tabla_->nombre), columnas.join(QStringLiteral(", ")),
                                             marcas.join(QStringLiteral(", ")));
     } else {
-        if (columnas.isEmpty()) {
-            modo_ = dbEditNone;
-            return;
-        }
         QStringList sets;
         for (int i = 0; i < columnas.size(); ++i) sets << QStringLiteral("%1 = ?%2").arg(columnas[i]).arg(i + 1);
         sql = QStringLiteral("UPDATE %1 SET %2 WHERE rowid = ?%3")
@@ -724,7 +690,39 @@ void Recordset::Update() {
     }
     sqlite3_finalize(st);
     if (rc != SQLITE_DONE) db_->lanzaSqlite(rc);
+}
+
+void Recordset::Update() {
+    if (modo_ == dbEditNone) Lanza(ErrSinAddNewNiEdit);
+    db_->terminaLecturas();     // the scans end before the table changes under them
+    QStringList columnas;
+    std::vector<vb::Variant> valores;
+    for (size_t i = 0; i < columnas_.size(); ++i) {
+        const CampoDef* campo = tabla_->campo(columnas_[i].campoOrigen);
+        if (!campo) continue;
+        if (modo_ == dbEditAdd || cambiado_[i]) {
+            if (modo_ == dbEditInProgress && !cambiado_[i]) continue;
+            valores.push_back(ConvierteParaCampo(buffer_[i], *campo));
+            columnas << CitaNombre(campo->nombre);
+        }
     }
+    // Required fields of the table that the query doesn't show.
+    if (modo_ == dbEditAdd) {
+        for (const auto& c : tabla_->campos) {
+            bool mostrado = false;
+            for (const auto& col : columnas_)
+                if (col.campoOrigen.compare(c.nombre, Qt::CaseInsensitive) == 0) mostrado = true;
+            if (!mostrado && c.requerido && !c.contador() && PredeterminadoSqlite(c.predeterminado, c.tipo).isEmpty())
+                Lanza(ErrRequerido, c.nombre);
+        }
+    }
+    if (modo_ == dbEditInProgress && columnas.isEmpty()) {
+        modo_ = dbEditNone;
+        return;
+    }
+    qint64 idServidor = -1;
+    if (db_->EnServidor()) idServidor = escribeEnServidor(columnas, valores);
+    else escribeEnArchivo(columnas, valores);
 
     // What was written, as the table holds it.
     std::vector<vb::Variant> fila(columnas_.size());
@@ -753,14 +751,7 @@ void Recordset::Update() {
     cambiado_.clear();
 }
 
-void Recordset::Delete() {
-    if (!actualizable_) Lanza(ErrSoloLectura);
-    if (modo_ != dbEditNone) CancelUpdate();
-    exigeActual();
-    db_->terminaLecturas();
-    if (db_->EnServidor()) {
-        borraEnServidor();
-    } else {
+void Recordset::borraEnArchivo() {
     const QByteArray u = QStringLiteral("DELETE FROM %1 WHERE rowid = ?1").arg(CitaNombre(tabla_->nombre)).toUtf8();
     sqlite3_stmt* st = nullptr;
     int rc = sqlite3_prepare_v2(db_->sqlite(), u.constData(), static_cast<int>(u.size()), &st, nullptr);
@@ -772,7 +763,15 @@ void Recordset::Delete() {
     rc = sqlite3_step(st);
     sqlite3_finalize(st);
     if (rc != SQLITE_DONE) db_->lanzaSqlite(rc);
-    }
+}
+
+void Recordset::Delete() {
+    if (!actualizable_) Lanza(ErrSoloLectura);
+    if (modo_ != dbEditNone) CancelUpdate();
+    exigeActual();
+    db_->terminaLecturas();
+    if (db_->EnServidor()) borraEnServidor();
+    else borraEnArchivo();
     filas_.borra(pos_);
     olvidaFila();
     if (filaEnSentencia_ == pos_) filaEnSentencia_ = -1;
