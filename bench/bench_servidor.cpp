@@ -138,7 +138,7 @@ void BM_RecorridoLibpq(benchmark::State& state) {
     PQexec(c, "SET DateStyle = 'ISO, YMD'");
     for (auto _ : state) {
         PGresult* r = PQexec(c, "SELECT \"NoSolicitud\", \"Fecha\", \"Solicitante\", \"NoEscuela\", \"Estado\" FROM "
-                                "\"Solicitudes General\" ORDER BY \"NoSolicitud\"");
+                                "\"Solicitudes General\" ORDER BY \"NoSolicitud\" NULLS FIRST");
         const int filas = PQntuples(r);
         for (int i = 0; i < filas; ++i) {
             benchmark::DoNotOptimize(vb::Variant::Long(static_cast<qint32>(std::strtol(PQgetvalue(r, i, 0), nullptr, 10))));

@@ -401,7 +401,8 @@ QString Emisor::nucleo(const Select& s, bool conRowid, Emision* salida, const st
             .arg(exteriores.join(QStringLiteral(", ")), items.join(QStringLiteral(", ")), ventana, total, cuerpo, limite, aliasAnonimo());
     }
     QString sql = QStringLiteral("SELECT ") + distinto + items.join(QStringLiteral(", ")) + cuerpo;
-    if (const QString d = desempate(s); !d.isEmpty()) orden << d;
+    // A sort by a key that no two rows share leaves nothing to settle.
+    if (const QString d = desempate(s); !d.isEmpty() && (orden.isEmpty() || !SinEmpates(s))) orden << d;
     if (!orden.isEmpty()) sql += QStringLiteral(" ORDER BY ") + orden.join(QStringLiteral(", "));
     if (s.top >= 0) {
         if (s.topPercent) {

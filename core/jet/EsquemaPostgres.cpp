@@ -96,7 +96,8 @@ QString SqlIndicePostgres(const QString& esquemaSql, const TablaDef& t, const In
     // Text columns carry the collation: a unique index over them is case-blind.
     for (const auto& n : i.campos) {
         const CampoDef* c = t.campo(n);
-        cols << CitaNombre(c ? c->nombre : n);
+        // Null below every value, as the dialect sorts: a sort either way can then walk the index.
+        cols << CitaNombre(c ? c->nombre : n) + QStringLiteral(" NULLS FIRST");
     }
     return QStringLiteral("CREATE %1INDEX %2 ON %3%4 (%5);")
         .arg(i.unico ? QStringLiteral("UNIQUE ") : QString(), CitaNombre(NombreIndicePostgres(t.nombre, i.nombre)),
