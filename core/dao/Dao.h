@@ -307,6 +307,8 @@ private:
     // meets a row twice or a row written after it was opened.
     std::vector<Recordset*> abiertos_;
     void terminaLecturas();
+    // Something was written on the server through this connection: a dynaset reads its rows again by id.
+    void escritoEnServidor();
     std::shared_ptr<BloquesLibres> bloquesLibres_ = std::make_shared<BloquesLibres>();
 };
 
@@ -365,6 +367,10 @@ private:
     // Writes the row being edited or added on the server; the row's id.
     qint64 escribeEnServidor(const QStringList& columnas, const std::vector<vb::Variant>& valores);
     void borraEnServidor();
+    // The current row of a dynaset on a server, read again by its id; error 3167 when it is gone.
+    void releeEnServidor() const;
+    void alDia() const { if (!valoresAlDia_) releeEnServidor(); }
+    void envejece() { valoresAlDia_ = false; escritoDesdeApertura_ = true; }
     qint64 rowidDe(long fila) const;
     bool trae();                          // one more row from SQLite; false at the end
     void traeTodo();
@@ -400,6 +406,7 @@ private:
         void agrega(const vb::Variant* valores);
         void agregaCrudos(jet::ValorCrudo* valores) { escribe(valores); olvidaAparte(); }
         void reemplaza(long i, const vb::Variant* valores);
+        void reemplazaCrudos(long i, jet::ValorCrudo* valores);
         // The row taken apart if it is `fila`, else nothing.
         const jet::ValorCrudo* aparte(long fila) const { return fila == filaAparte_ ? aparte_.data() : nullptr; }
         const jet::ValorCrudo& crudo(long fila, int columna) const;
@@ -447,6 +454,13 @@ private:
     long filaEnSentencia_ = -1;
     mutable long filaEnCache_ = -1;
     qint64 cambiosVistos_ = 0;            // the connection's count of changed rows when last checked
+    // A dynaset on a server holds its rows' values as the opening read them, and trusts them the first time
+    // the walk reaches each row until something is written through the connection. A row reached again, or
+    // any row after a write, is read again by its id when its values are asked for.
+    bool releeServidor_ = false;
+    mutable bool valoresAlDia_ = true;    // the current row's held values can be given as they are
+    bool escritoDesdeApertura_ = false;
+    long vistasHasta_ = -1;               // the furthest row the walk has reached
     mutable std::vector<vb::Variant> cache_;
     bool completo_ = false;
     long pos_ = 0;                        // index of the current row
@@ -468,7 +482,7 @@ inline vb::Variant Recordset::valor(int columna, jet::TipoCampo tipo) const {
     if (modo_ == dbEditNone && !bof_ && !eof_ && !actualBorrado_) {
         if (porClave_) {
             if (pos_ == filaEnSentencia_) return jet::LeeColumna(st_, columna, tipo);
-        } else if (const jet::ValorCrudo* fila = filas_.aparte(pos_)) {
+        } else if (const jet::ValorCrudo* fila = valoresAlDia_ ? filas_.aparte(pos_) : nullptr) {
             return jet::DeCrudo(fila[columna], tipo);
         }
     }

@@ -106,6 +106,11 @@ void Database::CopiaBaseEnServidor(const QString& origen, const QString& destino
     mantenimiento->ejecuta(QStringLiteral("CREATE DATABASE %1 TEMPLATE %2").arg(CitaNombre(d.base), CitaNombre(o.base)));
 }
 
+void Database::escritoEnServidor() {
+    for (Recordset* rs : abiertos_)
+        if (rs->releeServidor_) rs->envejece();
+}
+
 void Database::ejecutaEnServidor(Sentencia& s, int opciones) {
     Resolver resolver(*catalogo_, [](const QString&) -> QString {
         throw vb::Error(ErrOperacionNoValida,
@@ -118,6 +123,10 @@ void Database::ejecutaEnServidor(Sentencia& s, int opciones) {
     QString sql = e.sql;
     const bool ignoraRepetidos = !(opciones & dbFailOnError);
     if (ignoraRepetidos && s.clase == Sentencia::Insercion) sql += QStringLiteral(" ON CONFLICT DO NOTHING");
+    struct Escrito {
+        Database* db;
+        ~Escrito() { db->escritoEnServidor(); }
+    } escrito{this};
     try {
         afectados_ = pg_->ejecuta(sql).afectadas();
     } catch (const vb::Error& x) {

@@ -231,11 +231,15 @@ void Recordset::Filas::agrega(const vb::Variant* valores) {
 }
 
 void Recordset::Filas::reemplaza(long fila, const vb::Variant* valores) {
-    // The new values are written anew; the row's old bytes are left unused.
     std::vector<QByteArray> textos(static_cast<size_t>(ancho_));
     std::vector<ValorCrudo> crudos(static_cast<size_t>(ancho_));
     for (int i = 0; i < ancho_; ++i) crudos[static_cast<size_t>(i)] = CrudoDeVariante(valores[i], textos[static_cast<size_t>(i)]);
-    escribe(crudos.data());
+    reemplazaCrudos(fila, crudos.data());
+}
+
+void Recordset::Filas::reemplazaCrudos(long fila, ValorCrudo* valores) {
+    // The new values are written anew; the row's old bytes are left unused.
+    escribe(valores);
     inicio_[static_cast<size_t>(fila)] = inicio_.back();
     inicio_.pop_back();
     olvidaAparte();
@@ -313,6 +317,10 @@ void Recordset::abre() {
     }
     columnaRowid_ = actualizable_ ? static_cast<int>(columnas_.size()) : -1;
     porClave_ = actualizable_ && !db_->EnServidor();
+    releeServidor_ = actualizable_ && db_->EnServidor();
+    valoresAlDia_ = true;
+    escritoDesdeApertura_ = false;
+    vistasHasta_ = -1;
     sqlPorFila_ = e.sqlPorFila;
     filaEnSentencia_ = -1;
     filaEnCache_ = -1;
@@ -420,6 +428,10 @@ void Recordset::situa(long indice) {
             filaEnSentencia_ = -1;
             olvidaFila();
         }
+    }
+    if (releeServidor_) {
+        valoresAlDia_ = !escritoDesdeApertura_ && indice > vistasHasta_;
+        vistasHasta_ = std::max(vistasHasta_, indice);
     }
     while (indice >= filas_.size() && trae()) {
     }
@@ -540,6 +552,7 @@ void Recordset::FindPrevious(const QString& c) { busca(c, false, (eof_ ? filas_.
 vb::Variant Recordset::valorLento(int columna) const {
     if (modo_ != dbEditNone) return buffer_[static_cast<size_t>(columna)];
     exigeActual();
+    alDia();
     return valorEn(pos_, columna);
 }
 
@@ -638,6 +651,7 @@ void Recordset::AddNew() {
 void Recordset::Edit() {
     if (!actualizable_) Lanza(ErrSoloLectura);
     exigeActual();
+    alDia();
     buffer_.clear();
     for (size_t i = 0; i < tipos_.size(); ++i) buffer_.push_back(valorEn(pos_, static_cast<int>(i)));
     cambiado_.assign(columnas_.size(), false);

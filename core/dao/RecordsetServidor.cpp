@@ -173,6 +173,23 @@ void Recordset::abreEnServidor(const Emision& e) {
     completo_ = true;
 }
 
+void Recordset::releeEnServidor() const {
+    const qint64 id = rowidDe(pos_);
+    const ResultadoPg r = db_->postgres()->ejecuta(sqlPorFila_, {ParametroDe(vb::Variant(static_cast<double>(id)), false)});
+    if (r.filas() == 0) Lanza(3167);   // another hand deleted it
+    const int visibles = static_cast<int>(tipos_.size());
+    std::vector<ValorCrudo> valores(static_cast<size_t>(visibles + 1));
+    std::vector<QByteArray> memoria(static_cast<size_t>(visibles));
+    for (int c = 0; c < visibles && c < r.columnas(); ++c)
+        valores[static_cast<size_t>(c)] =
+            CrudoDe(r, 0, c, LecturaDe(r.tipo(c), tipos_[static_cast<size_t>(c)]), memoria[static_cast<size_t>(c)]);
+    ValorCrudo& fila = valores[static_cast<size_t>(visibles)];
+    fila.clase = SQLITE_INTEGER;
+    fila.entero = id;
+    const_cast<Filas&>(filas_).reemplazaCrudos(pos_, valores.data());
+    valoresAlDia_ = true;
+}
+
 sqlite3* Recordset::motorLocal() const { return db_->EnServidor() ? EvaluadorLocal() : db_->sqlite(); }
 
 qint64 Recordset::escribeEnServidor(const QStringList& columnas, const std::vector<vb::Variant>& valores) {
@@ -187,7 +204,9 @@ qint64 Recordset::escribeEnServidor(const QStringList& columnas, const std::vect
                                  : QStringLiteral("INSERT INTO %1 (%2) VALUES (%3) RETURNING rowid")
                                        .arg(CitaNombre(tabla_->nombre), columnas.join(QStringLiteral(", ")),
                                             marcas.join(QStringLiteral(", ")));
-        return db_->postgres()->ejecuta(sql, parametros).entero(0, 0);
+        const qint64 id = db_->postgres()->ejecuta(sql, parametros).entero(0, 0);
+        db_->escritoEnServidor();
+        return id;
     }
     QStringList sets;
     for (int i = 0; i < columnas.size(); ++i) sets << QStringLiteral("%1 = $%2").arg(columnas[i]).arg(i + 1);
@@ -196,13 +215,16 @@ qint64 Recordset::escribeEnServidor(const QStringList& columnas, const std::vect
     sql = QStringLiteral("UPDATE %1 SET %2 WHERE rowid = $%3::bigint")
               .arg(CitaNombre(tabla_->nombre), sets.join(QStringLiteral(", ")))
               .arg(columnas.size() + 1);
-    if (db_->postgres()->ejecuta(sql, parametros).afectadas() == 0) Lanza(3167);   // another hand deleted it
+    const bool escrita = db_->postgres()->ejecuta(sql, parametros).afectadas() > 0;
+    db_->escritoEnServidor();
+    if (!escrita) Lanza(3167);   // another hand deleted it
     return id;
 }
 
 void Recordset::borraEnServidor() {
     const ParametroPg id = ParametroDe(vb::Variant(static_cast<double>(rowidDe(pos_))), false);
     db_->postgres()->ejecuta(QStringLiteral("DELETE FROM %1 WHERE rowid = $1::bigint").arg(CitaNombre(tabla_->nombre)), {id});
+    db_->escritoEnServidor();
 }
 
 }  // namespace dao

@@ -355,6 +355,12 @@ QString Emisor::nucleo(const Select& s, bool conRowid, Emision* salida, const st
     // The sort twice: by output column where the statement names one (ORDER BY 2, an alias), and by
     // expression, as a window function needs it.
     QStringList orden, ordenExpresiones;
+    auto ordena = [&](const QString& t, const QString& v, TipoCampo tipo, bool porPosicion, bool desc) {
+        const QString cola = sentido(desc);
+        const QString colacion = EsTexto(tipo) ? QString::fromLatin1(Colacion) : QString();
+        orden << t + (EsTexto(tipo) ? (porPosicion ? colacionPosicion() : colacion) : QString()) + cola;
+        ordenExpresiones << v + colacion + cola;
+    };
     for (const auto& o : s.orderBy) {
         const Expr& e = *o.expr;
         QString t, v;
@@ -372,11 +378,22 @@ QString Emisor::nucleo(const Select& s, bool conRowid, Emision* salida, const st
             t = v = ComoValor(expr(e));
             porPosicion = false;
         }
-        QString cola;
-        cola += sentido(o.desc);
-        const QString colacion = EsTexto(tipo) ? QString::fromLatin1(Colacion) : QString();
-        orden << t + (EsTexto(tipo) ? (porPosicion ? colacionPosicion() : colacion) : QString()) + cola;
-        ordenExpresiones << v + colacion + cola;
+        ordena(t, v, tipo, porPosicion, o.desc);
+    }
+    // Without an order of its own, a statement that sets rows apart (DISTINCT) or makes groups gives them
+    // sorted by what sets them apart, as the engine does in sorting to find them: the same on every back end.
+    if (s.orderBy.empty() && s.uniones.empty() && profundidad_ == 1) {
+        if (s.distinct) {
+            for (size_t i = 0; i < s.expandidos.size(); ++i) {
+                const Expr& item = *s.expandidos[i].expr;
+                ordena(QString::number(i + 1), expr(item), item.tipoDato, true, false);
+            }
+        } else {
+            for (const auto& e : s.groupBy) {
+                const QString t = ComoValor(expr(*e));
+                ordena(t, t, e->tipoDato, false, false);
+            }
+        }
     }
     const QString distinto = s.distinct ? QStringLiteral("DISTINCT ") : QString();
     if (s.top >= 0 && !orden.isEmpty() && !s.distinct && !SinEmpates(s)) {

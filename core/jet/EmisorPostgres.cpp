@@ -321,10 +321,31 @@ QString EmisorPostgres::like(const Expr& e) {
     return Emisor::like(e);
 }
 
+// The tables of a FROM clause from left to right; false when one of them is not a stored table.
+static bool TablasEnOrden(const FuenteFrom& f, std::vector<const FuenteFrom*>& tablas) {
+    switch (f.clase) {
+    case FuenteFrom::Tabla:
+        if (!f.baseExterna.isEmpty()) return false;
+        tablas.push_back(&f);
+        return true;
+    case FuenteFrom::Join:
+        return TablasEnOrden(*f.izquierda, tablas) && TablasEnOrden(*f.derecha, tablas);
+    case FuenteFrom::Derivada:
+        break;
+    }
+    return false;
+}
+
+// Rows the sort leaves tied come as a file gives them: in the order they were written, the leftmost table's
+// order first, then each joined table's within it.
 QString EmisorPostgres::desempate(const Select& s) const {
-    const bool unaTabla = s.from.size() == 1 && s.from[0]->clase == FuenteFrom::Tabla;
-    if (!unaTabla || s.agregada || s.distinct || !s.groupBy.empty() || !s.uniones.empty()) return {};
-    return CitaNombre(s.from[0]->aliasSql) + QStringLiteral(".rowid");
+    if (s.from.empty() || s.agregada || s.distinct || !s.groupBy.empty() || !s.uniones.empty()) return {};
+    std::vector<const FuenteFrom*> tablas;
+    for (const auto& f : s.from)
+        if (!TablasEnOrden(*f, tablas)) return {};
+    QStringList claves;
+    for (const FuenteFrom* t : tablas) claves << CitaNombre(t->aliasSql) + QStringLiteral(".rowid");
+    return claves.join(QStringLiteral(", "));
 }
 
 QString EmisorPostgres::conEmpates(const Select& s, const QString& sinTop) {

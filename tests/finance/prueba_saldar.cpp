@@ -102,11 +102,11 @@ TEST_F(PruebaSaldar, PagoDeDosEscuelasConSuResumenAlineado) {
     const vb::Fecha despues = vb::Fecha::Now();
 
     // Long names are cut at 40 and amounts longer than the column lose their left end; shorter ones are
-    // filled with dashes.
+    // filled with dashes. The projects come sorted by name, as the distinct rows of the query are.
     Caja(1, "El pago se realizó con éxito", intro + QString(67, u'=') + "\r\n" +
              "Proyecto                                    Monto Asignado            Disponible\r\n" + QString(96, u'-') + "\r\n"
-             "Fortalecimiento del acervo de la Faculta--------$5,000.00--------$3,499.75\r\n"
-             "Artes-----------------------------------23,456,789,012.5023,456,788,762.50\r\n" + QString(67, u'='),
+             "Artes-----------------------------------23,456,789,012.5023,456,788,762.50\r\n"
+             "Fortalecimiento del acervo de la Faculta--------$5,000.00--------$3,499.75\r\n" + QString(67, u'='),
          ui::vbInformation);
     EXPECT_FALSE(s.isVisible());
     EXPECT_EQ(globales::ObservacionesPago, "'Cheque 114'");

@@ -181,6 +181,14 @@ TEST_F(Dialecto, AgregadosTopYDistinct) {
     EXPECT_EQ(filas("SELECT IdFinanciamiento, Sum(Monto) FROM adqSaldoFinanciamientos GROUP BY IdFinanciamiento "
                     "HAVING Count(*) > 1"),
               QStringList{"1|60.05"});
+    // Without an ORDER BY, distinct rows and groups come sorted by what sets them apart, Null first, text
+    // without regard to case: written in another order, on a file or a server alike.
+    ejecuta("INSERT INTO adqSaldoFinanciamientos VALUES (0, #2026/01/05#, 1, 0, '-saldpag', 'Beto')");
+    ejecuta("INSERT INTO adqSaldoFinanciamientos VALUES (0, #2026/01/06#, 2, 0, 'AJUSTE', NULL)");
+    EXPECT_EQ(filas("SELECT DISTINCT IdCapturista, IdFinanciamiento FROM adqSaldoFinanciamientos"),
+              (QStringList{"NULL|0", "NULL|1", "ana|1", "ana|2", "Beto|0"}));
+    EXPECT_EQ(filas("SELECT Mid(Operacion, 2, 4), Count(*) FROM adqSaldoFinanciamientos GROUP BY Mid(Operacion, 2, 4)"),
+              (QStringList{"ADDF|1", "JUST|1", "SALD|3"}));
     // The statement of the funding screen: an alias of the select list used by a later item.
     ejecuta("INSERT INTO adqFinanciamiento (Nombre, MontoTotal) VALUES ('Fondo', 500)");
     const QString pagos =
