@@ -6,7 +6,10 @@
 #include "core/jet/EmisorPostgres.h"
 #include "core/jet/ErroresMotor.h"
 #include "core/jet/FuncionesPostgres.h"
+#include "core/jet/Parser.h"
 #include "core/jet/Resolver.h"
+
+#include <sqlite3.h>
 
 namespace dao {
 
@@ -150,34 +153,41 @@ void Database::insertaEnArchivo(const QString& sentencia, const Sentencia& s, in
     }
     const TablaDef* destino = archivo->catalogo().tabla(s.tabla);
     if (!destino) Lanza(ErrTablaNoEncontrada, s.tabla);
-    auto origen = OpenRecordset(sentencia.mid(s.posSelect), dbOpenSnapshot);
+    // Each column of the query goes to the field named in the list, else to the field of its own name, as a
+    // statement within one database takes them.
+    const QString consulta = sentencia.mid(s.posSelect);
+    QStringList campos = s.columnas;
+    for (const QString& c : campos)
+        if (!destino->campo(c)) Lanza(ErrCampoInsertDesconocido, c);
+    if (campos.isEmpty()) {
+        Sentencia q = Analiza(consulta);
+        Resolver(*catalogo_).resuelve(q);
+        campos = CamposDeInsercion(*q.select, *destino);
+    }
+    auto origen = OpenRecordset(consulta, dbOpenSnapshot);
     FieldsCollection& salida = origen->Fields();
-    // Each column of the query goes to the field named in the list, or to the field of its own name (a
-    // SELECT * into a table with fewer fields leaves out what it lacks), or else to the field in its place.
-    std::vector<QString> campos(static_cast<size_t>(salida.Count()));
-    bool porNombre = false;
-    for (int i = 0; i < salida.Count(); ++i) {
-        if (!s.columnas.isEmpty()) {
-            if (i >= s.columnas.size()) Lanza(ErrValoresYCampos);
-            const CampoDef* c = destino->campo(s.columnas[i]);
-            if (!c) Lanza(ErrCampoInsertDesconocido, s.columnas[i]);
-            campos[static_cast<size_t>(i)] = c->nombre;
-        } else if (const CampoDef* c = destino->campo(salida[i].Name())) {
-            campos[static_cast<size_t>(i)] = c->nombre;
-            porNombre = true;
+    if (salida.Count() != campos.size()) Lanza(ErrValoresYCampos);
+    // All the rows or none: the file takes them in one transaction of its own.
+    sqlite3* destinoSqlite = archivo->sqlite();
+    if (sqlite3_exec(destinoSqlite, "SAVEPOINT desde_servidor", nullptr, nullptr, nullptr) != SQLITE_OK)
+        archivo->lanzaSqlite(sqlite3_errcode(destinoSqlite));
+    try {
+        auto filas = archivo->OpenRecordset(QStringLiteral("SELECT * FROM %1 WHERE 1 = 0").arg(tabla), dbOpenDynaset);
+        long long escritas = 0;
+        for (; !origen->Eof(); origen->MoveNext()) {
+            filas->AddNew();
+            for (int i = 0; i < salida.Count(); ++i)
+                if (!campos[i].isEmpty()) filas->Fields(campos[i]).setValue(salida[i].Value());
+            filas->Update();
+            ++escritas;
         }
-    }
-    if (s.columnas.isEmpty() && !porNombre) {
-        if (salida.Count() > static_cast<int>(destino->campos.size())) Lanza(ErrValoresYCampos);
-        for (int i = 0; i < salida.Count(); ++i) campos[static_cast<size_t>(i)] = destino->campos[static_cast<size_t>(i)].nombre;
-    }
-    auto filas = archivo->OpenRecordset(QStringLiteral("SELECT * FROM %1 WHERE 1 = 0").arg(tabla), dbOpenDynaset);
-    for (; !origen->Eof(); origen->MoveNext()) {
-        filas->AddNew();
-        for (int i = 0; i < salida.Count(); ++i)
-            if (!campos[static_cast<size_t>(i)].isEmpty()) filas->Fields(campos[static_cast<size_t>(i)]).setValue(salida[i].Value());
-        filas->Update();
-        ++afectados_;
+        filas.reset();
+        if (sqlite3_exec(destinoSqlite, "RELEASE desde_servidor", nullptr, nullptr, nullptr) != SQLITE_OK)
+            archivo->lanzaSqlite(sqlite3_errcode(destinoSqlite));
+        afectados_ = escritas;
+    } catch (...) {
+        sqlite3_exec(destinoSqlite, "ROLLBACK TO desde_servidor; RELEASE desde_servidor", nullptr, nullptr, nullptr);
+        throw;
     }
 }
 

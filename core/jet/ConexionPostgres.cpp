@@ -203,6 +203,11 @@ void ConexionPostgres::aseguraConexion() {
 ResultadoPg ConexionPostgres::ejecuta(const QString& sql, const std::vector<ParametroPg>& parametros) {
     aseguraConexion();
     const QByteArray u = sql.toUtf8();
+    // The server's texts can't hold the character 0: a value carrying one is refused whole rather than
+    // cut short where it stands.
+    if (u.contains('\0')) Lanza(ErrTiposNoCoinciden);
+    for (const ParametroPg& p : parametros)
+        if (!p.nulo && !p.binario && p.valor.contains('\0')) Lanza(ErrTiposNoCoinciden);
     PGresult* r;
     if (parametros.empty()) {
         r = PQexecParams(c_, u.constData(), 0, nullptr, nullptr, nullptr, nullptr, 0);

@@ -328,8 +328,9 @@ QString Emisor::nucleo(const Select& s, bool conRowid, Emision* salida, const st
         items << Une({t, u" AS c", QString::number(i)});
     }
     const bool unaTabla = s.from.size() == 1 && s.from[0]->clase == FuenteFrom::Tabla;
-    // SQLite gives a query at most 2,000 columns: one that fills them all can't carry the row id as well.
-    const bool actualizable = unaTabla && !s.agregada && !s.distinct && s.uniones.empty() && items.size() < 2000;
+    // A query that fills every column the engine gives it can't carry the row id as well.
+    const bool actualizable =
+        unaTabla && !s.agregada && !s.distinct && s.uniones.empty() && items.size() < columnasMaximas();
     bool conFila = false;
     if (conRowid && actualizable && salida) {
         salida->actualizable = true;

@@ -55,6 +55,7 @@ protected:
     virtual QString columna(const Expr& e);           // a column of a base table
     virtual QString parametro(const Expr& e);         // a host value
     virtual QString filaPorId() const { return QStringLiteral("?1"); }   // the row id a row is read by
+    virtual qsizetype columnasMaximas() const { return 2000; }            // the most columns a query may have
     virtual QString comoTexto(const Expr& e);
     virtual QString comoNumero(const Expr& e);        // a number; money as a Double
     virtual QString crudo(const Expr& e);             // money in ten-thousandths

@@ -26,8 +26,12 @@ bool EsPredicado(const Expr& e) {
     }
 }
 
-// A text literal's SQL, as the library's functions take it.
-QString Texto(const QString& t) { return CitaTexto(t); }
+// A text literal's SQL, as the library's functions take it. The server's texts can't hold the character 0:
+// a text carrying one is refused whole rather than cut short where it stands.
+QString Texto(const QString& t) {
+    if (t.contains(QChar(0))) Lanza(ErrTiposNoCoinciden);
+    return CitaTexto(t);
+}
 
 // The description the engine gives error `numero` about field `campo`: the server raises it as it is.
 QString Descripcion(int numero, const QString& campo) { return CitaTexto(DescripcionError(numero, campo)); }
@@ -72,6 +76,7 @@ QString EmisorPostgres::literal(const vb::Variant& v) {
         return Une({t, u"::double precision"});
     }
     case vb::VarType::Date: return Une({u"TIMESTAMP ", CitaTexto(v.toDate().toIso())});
+    case vb::VarType::String: return Texto(v.toString());
     default: return LiteralComun(v);
     }
 }
@@ -154,8 +159,11 @@ QString EmisorPostgres::paraCampo(const QString& valor, TipoCampo origen, const 
         QString diezmilesimos = valor;
         if (origen != TipoCampo::Currency) {
             if (EsEntero(origen)) diezmilesimos = Une({u"(", valor, u" * 10000::numeric)"});
-            else if (EsTexto(origen) || origen == TipoCampo::Ninguno) diezmilesimos = Une({u"jet_acur_texto(", valor, u")"});
-            else diezmilesimos = Une({u"jet_acur(", valor, u")"});
+            // Unbounded here: a value beyond the type is the field's overflow, told below with its name.
+            else if (EsTexto(origen) || origen == TipoCampo::Ninguno)
+                diezmilesimos = Une({u"jet_par(jet_numerico(", valor, u") * 10000)"});
+            else if (origen == TipoCampo::Date) diezmilesimos = Une({u"jet_acur(", valor, u")"});
+            else diezmilesimos = Une({u"jet_par((", valor, u")::numeric * 10000)"});
         }
         return Une({u"jet_a_moneda(", diezmilesimos, u", ", requerido, u", ", faltante, u", ",
                     Descripcion(ErrDesbordamientoCampo, c.nombre), u")"});
@@ -343,6 +351,8 @@ QString EmisorPostgres::desempate(const Select& s) const {
     std::vector<const FuenteFrom*> tablas;
     for (const auto& f : s.from)
         if (!TablasEnOrden(*f, tablas)) return {};
+    // The keys travel as hidden columns: a list already as long as the server allows has no room for them.
+    if (s.expandidos.size() + tablas.size() > static_cast<size_t>(columnasMaximas())) return {};
     QStringList claves;
     for (const FuenteFrom* t : tablas) claves << CitaNombre(t->aliasSql) + QStringLiteral(".rowid");
     return claves.join(QStringLiteral(", "));

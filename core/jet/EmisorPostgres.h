@@ -26,6 +26,7 @@ protected:
     QString columna(const Expr& e) override;
     QString parametro(const Expr& e) override;
     QString filaPorId() const override { return QStringLiteral("$1::bigint"); }
+    qsizetype columnasMaximas() const override { return 1664; }
     QString comoTexto(const Expr& e) override;
     QString comoNumero(const Expr& e) override;
     QString crudo(const Expr& e) override;

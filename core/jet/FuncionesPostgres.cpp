@@ -7,7 +7,7 @@ namespace jet {
 
 namespace {
 
-constexpr int Version = 1;
+constexpr int Version = 2;
 
 // The library. Plain SQL functions the planner inlines wherever a function can be one; PL/pgSQL only for
 // raising an error and for the few that walk a text (a mask, a pattern, a number's digits). A function
@@ -60,7 +60,7 @@ END $$;
 -- A text read whole as a number (blanks, sign, "$" and thousands commas allowed), else a mismatch.
 CREATE OR REPLACE FUNCTION jet_numerico(x text) RETURNS numeric LANGUAGE sql VOLATILE PARALLEL SAFE AS $$
   SELECT CASE WHEN x IS NULL THEN NULL
-              WHEN translate(x, ' $,', '') ~ '^[+-]?([0-9]+\.?[0-9]*|\.[0-9]+)([eE][+-]?[0-9]+)?$'
+              WHEN translate(x COLLATE "C", ' $,', '') ~ '^[+-]?([0-9]+\.?[0-9]*|\.[0-9]+)([eE][+-]?[0-9]+)?$'
                 THEN translate(x, ' $,', '')::numeric
               ELSE jet_falla(3464, '@E3464@', NULL::numeric) END $$;
 CREATE OR REPLACE FUNCTION jet_num(x text) RETURNS double precision LANGUAGE sql VOLATILE PARALLEL SAFE AS $$
@@ -68,7 +68,7 @@ CREATE OR REPLACE FUNCTION jet_num(x text) RETURNS double precision LANGUAGE sql
 
 -- Money in ten-thousandths from a number or a text; beyond 64 bits is the language's overflow.
 CREATE OR REPLACE FUNCTION jet_acur_num(x numeric) RETURNS numeric LANGUAGE sql VOLATILE PARALLEL SAFE AS $$
-  SELECT CASE WHEN abs(x) > 9223372036854775807 THEN jet_falla(6, '', NULL::numeric) ELSE x END $$;
+  SELECT CASE WHEN x NOT BETWEEN -9223372036854775808 AND 9223372036854775807 THEN jet_falla(6, '', NULL::numeric) ELSE x END $$;
 CREATE OR REPLACE FUNCTION jet_acur(x double precision) RETURNS numeric LANGUAGE sql VOLATILE PARALLEL SAFE AS $$
   SELECT jet_acur_num(jet_par(x::numeric * 10000)) $$;
 CREATE OR REPLACE FUNCTION jet_acur(x timestamp) RETURNS numeric LANGUAGE sql VOLATILE PARALLEL SAFE AS $$
@@ -104,7 +104,7 @@ CREATE OR REPLACE FUNCTION jet_lee_fecha(x timestamp) RETURNS timestamp(0) LANGU
 -- A date written as the program writes them: yyyy-mm-dd, dd/mm/yyyy or dd-mm-yyyy, with or without a
 -- time; or a time alone, on the zero date.
 CREATE OR REPLACE FUNCTION jet_lee_fecha(x text) RETURNS timestamp(0) LANGUAGE plpgsql VOLATILE PARALLEL SAFE AS $$
-DECLARE t text := btrim(x); p text[];
+DECLARE t text COLLATE "C" := btrim(x); p text[];
 BEGIN
   IF x IS NULL THEN RETURN NULL; END IF;
   p := regexp_match(t, '^(\d{4})-(\d{1,2})-(\d{1,2})(?:[ T](\d{1,2}):(\d{2})(?::(\d{2}))?)?$');
@@ -210,7 +210,7 @@ CREATE OR REPLACE FUNCTION jet_cbool(x text) RETURNS integer LANGUAGE sql VOLATI
 -- The leading number of a text, blanks skipped anywhere; 0 when there is none.
 CREATE OR REPLACE FUNCTION jet_val(x text) RETURNS double precision LANGUAGE sql VOLATILE PARALLEL SAFE AS $$
   SELECT CASE WHEN x IS NULL THEN jet_falla(94, '', NULL::double precision)
-              ELSE coalesce((regexp_match(translate(x, E' \t\n\r', ''),
+              ELSE coalesce((regexp_match(translate(x COLLATE "C", E' \t\n\r', ''),
                              '^([+-]?(?:[0-9]+\.?[0-9]*|\.[0-9]+)(?:[eEdD][+-]?[0-9]+)?)'))[1]::double precision, 0) END $$;
 
 -- Texts. Length and positions count characters; InStr is case-blind, Replace is not.
@@ -290,7 +290,8 @@ CREATE OR REPLACE FUNCTION jet_like(x text, p text) RETURNS boolean LANGUAGE sql
 -- Format: the masks the program writes. Dates: d dd ddd dddd m mm mmm mmmm yy yyyy h hh n nn s ss (m after
 -- h is minutes), "long date"; numbers: 0 # , . with literals around them; anything else as the text form.
 CREATE OR REPLACE FUNCTION jet_format_fecha(x timestamp, mascara text) RETURNS text LANGUAGE plpgsql STABLE PARALLEL SAFE AS $$
-DECLARE m text := lower(coalesce(mascara, '')); r text := ''; i integer := 1; t text; hora boolean := false;
+DECLARE m text COLLATE "C" := lower(coalesce(mascara, '')); r text COLLATE "C" := ''; i integer := 1; t text COLLATE "C";
+  hora boolean := false;
   meses text[] := ARRAY['enero','febrero','marzo','abril','mayo','junio','julio','agosto','septiembre','octubre','noviembre','diciembre'];
   dias text[] := ARRAY['domingo','lunes','martes','miércoles','jueves','viernes','sábado'];
 BEGIN
@@ -324,8 +325,9 @@ BEGIN
   RETURN r;
 END $$;
 CREATE OR REPLACE FUNCTION jet_format_num(x numeric, texto text, mascara text) RETURNS text LANGUAGE plpgsql IMMUTABLE PARALLEL SAFE AS $$
-DECLARE m text := coalesce(mascara, ''); inicio integer; fin integer; cuerpo text; antes text; despues text;
-  punto integer; decimales integer; minimo integer; grupos boolean; r numeric; entera text; fraccion text;
+DECLARE m text COLLATE "C" := coalesce(mascara, ''); inicio integer; fin integer; cuerpo text COLLATE "C";
+  antes text COLLATE "C"; despues text COLLATE "C"; punto integer; decimales integer; minimo integer; grupos boolean;
+  r numeric; entera text COLLATE "C"; fraccion text COLLATE "C";
 BEGIN
   IF x IS NULL THEN RETURN ''; END IF;
   IF lower(m) IN ('fixed', 'standard', 'currency') THEN
@@ -364,7 +366,7 @@ CREATE OR REPLACE FUNCTION jet_a_texto(x text, tamano integer, requerido boolean
 CREATE OR REPLACE FUNCTION jet_a_moneda(x numeric, requerido boolean, falta text, desborde text) RETURNS numeric
 LANGUAGE sql VOLATILE PARALLEL SAFE AS $$
   SELECT CASE WHEN x IS NULL THEN CASE WHEN requerido THEN jet_falla(3314, falta, NULL::numeric) END
-              WHEN abs(x) > 9223372036854775807 THEN jet_falla(3349, desborde, NULL::numeric)
+              WHEN x NOT BETWEEN -9223372036854775808 AND 9223372036854775807 THEN jet_falla(3349, desborde, NULL::numeric)
               ELSE round(x / 10000, 4) END $$;
 CREATE OR REPLACE FUNCTION jet_a_fecha(x timestamp, requerido boolean, falta text) RETURNS timestamp(0)
 LANGUAGE sql VOLATILE PARALLEL SAFE AS $$

@@ -169,6 +169,30 @@ bool EsAgregado(const QString& n) {
     return it != Funciones().constEnd() && it->agregado;
 }
 
+QStringList CamposDeInsercion(const Select& sel, const TablaDef& destino) {
+    // Without a column list the selected columns go to the fields of the same names. A column that a * brings
+    // and the target lacks stays behind, so that rows are copied into a table of fewer fields (an exchange
+    // file's), as long as leaving it out changes no other column's rows.
+    const bool sinEfecto =
+        !sel.distinct && !sel.distinctRow && !sel.agregada && sel.uniones.empty() && sel.orderBy.empty();
+    QStringList campos;
+    QString primeraFaltante;
+    bool alguno = false;
+    for (size_t i = 0; i < sel.salida.size(); ++i) {
+        QString n = sel.salida[i].nombre;
+        if (!destino.campo(n) && n.contains(u'.')) n = n.mid(n.lastIndexOf(u'.') + 1);
+        const CampoDef* c = destino.campo(n);
+        if (!c) {
+            if (!sinEfecto || !sel.expandidos[i].deEstrella) Lanza(ErrCampoInsertDesconocido, sel.salida[i].nombre);
+            if (primeraFaltante.isEmpty()) primeraFaltante = sel.salida[i].nombre;
+        }
+        campos << (c ? c->nombre : QString());
+        alguno = alguno || c;
+    }
+    if (!alguno) Lanza(ErrCampoInsertDesconocido, primeraFaltante);
+    return campos;
+}
+
 QString Resolver::esquemaDe(const QString& baseExterna) {
     if (baseExterna.isEmpty()) return QStringLiteral("main");
     if (!adjunta_) Lanza(ErrOperacionNoValida);
@@ -199,27 +223,15 @@ void Resolver::resuelve(Sentencia& s) {
         if (s.select) {
             select(*s.select, nullptr);
             if (s.columnas.isEmpty()) {
-                // Without a column list the selected columns go to the fields of the same names. A column that
-                // a * brings and the target lacks stays behind, so that rows are copied into a table of fewer
-                // fields (an exchange file's), as long as leaving it out changes no other column's rows.
                 Select& sel = *s.select;
-                const bool sinEfecto = !sel.distinct && !sel.distinctRow && !sel.agregada && sel.uniones.empty() &&
-                                       sel.orderBy.empty();
-                QString primeraFaltante;
-                for (size_t i = 0; i < sel.salida.size();) {
-                    QString n = sel.salida[i].nombre;
-                    if (!destino_->campo(n) && n.contains(u'.')) n = n.mid(n.lastIndexOf(u'.') + 1);
-                    if (!destino_->campo(n)) {
-                        if (!sinEfecto || !sel.expandidos[i].deEstrella) Lanza(ErrCampoInsertDesconocido, sel.salida[i].nombre);
-                        if (primeraFaltante.isEmpty()) primeraFaltante = sel.salida[i].nombre;
-                        sel.expandidos.erase(sel.expandidos.begin() + static_cast<std::ptrdiff_t>(i));
-                        sel.salida.erase(sel.salida.begin() + static_cast<std::ptrdiff_t>(i));
-                        continue;
-                    }
-                    s.columnas << destino_->campo(n)->nombre;
-                    ++i;
+                const QStringList campos = CamposDeInsercion(sel, *destino_);
+                for (size_t i = sel.salida.size(); i-- > 0;) {
+                    if (!campos[static_cast<qsizetype>(i)].isEmpty()) continue;
+                    sel.expandidos.erase(sel.expandidos.begin() + static_cast<std::ptrdiff_t>(i));
+                    sel.salida.erase(sel.salida.begin() + static_cast<std::ptrdiff_t>(i));
                 }
-                if (s.columnas.isEmpty()) Lanza(ErrCampoInsertDesconocido, primeraFaltante);
+                for (const QString& c : campos)
+                    if (!c.isEmpty()) s.columnas << c;
             } else if (static_cast<int>(s.select->salida.size()) != s.columnas.size()) {
                 Lanza(ErrValoresYCampos);
             }

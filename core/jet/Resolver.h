@@ -12,6 +12,10 @@
 
 namespace jet {
 
+// Where each column of a resolved INSERT's query goes when the statement lists no fields: the target field of
+// the same name, or nothing for a column a * brings that the target lacks. 3127 when a column can go nowhere.
+QStringList CamposDeInsercion(const Select& sel, const TablaDef& destino);
+
 class Resolver {
 public:
     // `adjunta` makes a second database file reachable (INSERT INTO t IN '<file>') and returns the name

@@ -34,7 +34,8 @@ protected:
     }
     void TearDown() override { globales::BaseDatos.reset(); }
 
-    QString base() const { return dir.filePath(QStringLiteral("KORVEL8.mdb")); }
+    // The database the program would open from this folder: the setting's, else the file beside it.
+    QString base() const { return FormPrincipal::BaseDeTrabajo(dir.path(), QString()); }
 
     // A current database with the demo's analysts (admin "011", visita "001").
     // On a server run, the database is the server's, named by the setting beside the program.

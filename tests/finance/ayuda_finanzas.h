@@ -4,6 +4,10 @@
 
 #include "core/vb/Formato.h"
 
+// The order ledger rows are listed in: money in ('+...') before money out ('-...'), then by operation. The
+// sign is told apart on its own, as a file and a server sort punctuation differently.
+#define ORDEN_DEL_LIBRO "IIf(Left(Operacion, 1) = '+', 0, 1), Operacion"
+
 class PruebaFinanzas : public PruebaFlujo {
 protected:
     QString mascaraFecha;   // empty: dates in ISO form, with their time

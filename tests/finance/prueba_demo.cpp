@@ -5,6 +5,7 @@
 
 #include "core/DatosDemo.h"
 #include "core/Esquema.h"
+#include "core/jet/ConexionPostgres.h"
 #include "finance/Proyectos.h"
 #include "finance/frmFuentesFin.h"
 
@@ -54,12 +55,19 @@ TEST_F(PruebaDemo, LosSaldosSonLosQueDaElLibro) {
 TEST_F(PruebaDemo, LosIndicesDeConsultaNoSonDeLaTabla) {
     dao::Database& db = globales::Base();
     EXPECT_TRUE(db.TableDefs()["adqSaldoProyectos"].Indexes().empty());
-    sqlite3_stmt* st = nullptr;
-    sqlite3_prepare_v2(db.sqlite(), "SELECT count(*) FROM sqlite_master WHERE type = 'index' AND name LIKE 'adq_consulta_%'",
-                       -1, &st, nullptr);
-    sqlite3_step(st);
-    EXPECT_EQ(sqlite3_column_int(st, 0), 4);
-    sqlite3_finalize(st);
+    auto indices = [&db] {
+        if (db.EnServidor())
+            return db.postgres()->ejecuta(QStringLiteral("SELECT count(*) FROM pg_indexes WHERE indexname LIKE 'adq_consulta_%'"))
+                .entero(0, 0);
+        sqlite3_stmt* st = nullptr;
+        sqlite3_prepare_v2(db.sqlite(), "SELECT count(*) FROM sqlite_master WHERE type = 'index' AND name LIKE 'adq_consulta_%'",
+                           -1, &st, nullptr);
+        sqlite3_step(st);
+        const qint64 n = sqlite3_column_int64(st, 0);
+        sqlite3_finalize(st);
+        return n;
+    };
+    EXPECT_EQ(indices(), 4);
     // Asked again, nothing changes; a table an older file lacks is no failure of the opening.
     esquema::CreaIndicesDeConsulta(db);
     EXPECT_FALSE(db.AseguraIndiceDeConsulta("x", "NoHay", {"Columna"}));

@@ -41,11 +41,11 @@ protected:
     }
     QStringList LibroFuente() {
         return Filas("SELECT IdFinanciamiento, UltimoMovimiento, Monto, Operacion, IdCapturista FROM adqSaldoFinanciamientos "
-                     "ORDER BY Operacion, Monto");
+                     "ORDER BY " ORDEN_DEL_LIBRO ", Monto");
     }
     QStringList LibroProyectos() {
         return Filas("SELECT IdEscuela, IdFinanciamiento, UltimoMovimiento, Monto, Operacion, IdCapturista FROM "
-                     "adqSaldoProyectos ORDER BY Operacion, IdEscuela");
+                     "adqSaldoProyectos ORDER BY " ORDEN_DEL_LIBRO ", IdEscuela");
     }
     QString Solicitud() {
         return Filas("SELECT IdPagoFactura, Estado, Monto, FechaPago FROM PagoFacturasGral").value(0);

@@ -51,7 +51,7 @@ protected:
     }
     QStringList Libro() {
         return Filas("SELECT IdEscuela, IdFinanciamiento, UltimoMovimiento, Monto, Saldo, Operacion, IdCapturista "
-                     "FROM adqSaldoProyectos ORDER BY Operacion, IdEscuela, Monto");
+                     "FROM adqSaldoProyectos ORDER BY " ORDEN_DEL_LIBRO ", IdEscuela, Monto");
     }
     void Abre(Proyectos& p) { p.Form_Load(); sistema->cajas.clear(); }
     // A new project filled in on the screen (begun unless it already is), not yet saved.

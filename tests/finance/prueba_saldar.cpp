@@ -63,7 +63,7 @@ protected:
     }
     QStringList LibroFuente() {
         return Filas("SELECT IdFinanciamiento, UltimoMovimiento, Monto, Saldo, Operacion, IdCapturista FROM "
-                     "adqSaldoFinanciamientos ORDER BY Operacion");
+                     "adqSaldoFinanciamientos ORDER BY " ORDEN_DEL_LIBRO);
     }
     QString Pedido(int id) {
         return Filas(QStringLiteral("SELECT Estado, Observaciones, FechaMod, FechaPago, IdCapMod FROM PagoFacturasGral WHERE "

@@ -332,6 +332,18 @@ TEST_F(Dialecto, UnaSentenciaPorLlamada) {
     EXPECT_EQ(cuenta("Bibliotecas"), 1);
 }
 
+TEST_F(Dialecto, ConversionesYFormatosDeLoQueGuardaUnCampoDeTexto) {
+    // Numbers, dates and masks kept as text in a table, read through the functions that parse them.
+    ejecuta("INSERT INTO Configuracion VALUES ('#,##0.00', ' 1,234.5')");
+    ejecuta("INSERT INTO Configuracion VALUES ('yyyy/mm/dd', '15/03/2026')");
+    EXPECT_EQ(filas("SELECT Val(Valor), CDbl(Valor), CCur(Valor), Format(CDbl(Valor), [Descripción]) FROM Configuracion "
+                    "WHERE [Descripción] LIKE '[#]*'"),
+              QStringList{"1|1234.5|1234.5|1,234.50"});
+    EXPECT_EQ(filas("SELECT CDate(Valor), Format(CDate(Valor), [Descripción]) FROM Configuracion WHERE [Descripción] LIKE 'y*'"),
+              QStringList{"2026-03-15 00:00:00|2026/03/15"});
+    EXPECT_EQ(error("SELECT CDbl([Descripción]) FROM Configuracion"), jet::ErrTiposNoCoinciden);
+}
+
 TEST_F(Dialecto, ErroresConElNumeroDelMotor) {
     struct Caso { QString sentencia; int error; };
     const std::vector<Caso> casos = {
