@@ -5,6 +5,7 @@
 #include "core/Esquema.h"
 #include "core/LineaComandos.h"
 #include "core/dao/Dao.h"
+#include "core/jet/ErroresMotor.h"
 #include "core/legado/Legado.h"
 #include "tools/Archivos.h"
 #include "tools/Copia.h"
@@ -12,6 +13,7 @@
 
 #include <QCoreApplication>
 #include <QFile>
+#include <QTemporaryDir>
 #include <QTextStream>
 #include <cstdio>
 #include <termios.h>
@@ -74,6 +76,20 @@ int CopiaCompleta(Copiador copiador, const char* verbo, const QString& origen, c
     out << "Se " << verbo << ' ' << r.tablas.size() << (r.tablas.size() == 1 ? " tabla" : " tablas") << " con " << r.filas
         << (r.filas == 1 ? " fila" : " filas") << " a '" << destino << "'.\n";
     return 0;
+}
+
+// A legacy file straight to a server. Its rows go in through a file's own engine first, into a temporary
+// file that is then copied whole to the server; the progress and the lines per table are the migration's.
+legado::ResultadoMigracion MigraAServidor(const QString& origen, const QString& destino,
+                                          const std::function<void(const legado::Progreso&)>& progreso) {
+    QTemporaryDir carpeta;
+    if (!carpeta.isValid())
+        throw vb::Error(jet::ErrDiscoORed, QStringLiteral("No se pudo crear una carpeta temporal para la migración."),
+                        QStringLiteral("Motor de base de datos"));
+    const QString intermedio = carpeta.filePath(QStringLiteral("KORVEL8.mdb"));
+    const legado::ResultadoMigracion r = legado::Migra(origen, intermedio, progreso);
+    copia::Copia(intermedio, destino);
+    return r;
 }
 
 // One line of standard input, not shown while it is typed at a terminal.
@@ -143,7 +159,7 @@ int main(int argc, char** argv) {
             return args.size() == 3 ? archivos::Respalda(ruta, args[2], out, err) : archivos::Verifica(ruta, out, err);
         }
         if (orden == QLatin1String("migrar") && args.size() == 3)
-            return CopiaCompleta(legado::Migra, "migraron", ruta, args[2], out, err);
+            return CopiaCompleta(archivos::EsUri(args[2]) ? MigraAServidor : legado::Migra, "migraron", ruta, args[2], out, err);
         if (orden == QLatin1String("copiar") && args.size() == 3)
             return CopiaCompleta(copia::Copia, "copiaron", ruta, args[2], out, err);
     } catch (const vb::Error& e) {

@@ -195,7 +195,22 @@ sqlite3* Recordset::motorLocal() const { return db_->EnServidor() ? EvaluadorLoc
 qint64 Recordset::escribeEnServidor(const QStringList& columnas, const std::vector<vb::Variant>& valores) {
     std::vector<ParametroPg> parametros;
     parametros.reserve(valores.size() + 1);
-    for (const auto& v : valores) parametros.push_back(ParametroDe(v, false));
+    for (size_t i = 0; i < valores.size(); ++i) {
+        // Bytes travel as they are: one character of the value a byte, as they were read.
+        QString nombre = columnas[static_cast<qsizetype>(i)];
+        nombre = nombre.mid(1, nombre.size() - 2).replace(QStringLiteral("\"\""), QStringLiteral("\""));
+        const CampoDef* campo = tabla_->campo(nombre);
+        const bool bytes = campo && (campo->tipo == TipoCampo::Binary || campo->tipo == TipoCampo::LongBinary);
+        if (bytes && valores[i].type() == vb::VarType::String) {
+            ParametroPg p;
+            p.valor = valores[i].toString().toLatin1();
+            p.nulo = false;
+            p.binario = true;
+            parametros.push_back(std::move(p));
+        } else {
+            parametros.push_back(ParametroDe(valores[i], false));
+        }
+    }
     QString sql;
     if (modo_ == dbEditAdd) {
         QStringList marcas;

@@ -2,6 +2,7 @@
 // their own values, gaps included), and nothing left at the destination when the copy can't be finished.
 #include "ayuda_util.h"
 
+#include "base_prueba.h"
 #include "core/dao/Dao.h"
 
 #include <QDir>
@@ -122,6 +123,24 @@ TEST_F(Copia, ValoresDificilesYDefinicionesDeCampos) {
     Iguales(base, copia);
     // The unique text key still folds case in the copy.
     EXPECT_EQ(Corre({"sql", copia, "INSERT INTO Notas (Clave) VALUES ('O''HIGGINS | \"COMILLAS\"')"}).codigo, 1);
+}
+
+TEST_F(Copia, UnArchivoDelFormatoAnteriorDirectoAlServidor) {
+    if (!prueba::EnServidor()) GTEST_SKIP() << "sin ADQ_PRUEBA_SERVIDOR";
+    const QString legado = QStringLiteral(ADQ_SOURCE_DIR "/../shared/testdata/jet/nwind.mdb");
+    const QString uri = prueba::UriDe(prueba::detalle::NombreNuevo(QStringLiteral("migrada")));
+    const Salida aArchivo = Corre({"migrar", legado, copia});
+    ASSERT_EQ(aArchivo.codigo, 0) << aArchivo.err.toStdString();
+    const Salida aServidor = Corre({"migrar", legado, uri});
+    ASSERT_EQ(aServidor.codigo, 0) << aServidor.err.toStdString();
+    // The same lines as a migration to a file, and the same database.
+    EXPECT_EQ(aServidor.out.section(u'\n', 0, -3), aArchivo.out.section(u'\n', 0, -3));
+    EXPECT_TRUE(aServidor.out.endsWith(QStringLiteral("a '%1'.\n").arg(uri))) << aServidor.out.toStdString();
+    Iguales(copia, uri);
+    // Never over a database that exists.
+    const Salida otraVez = Corre({"migrar", legado, uri});
+    EXPECT_EQ(otraVez.codigo, 1);
+    EXPECT_TRUE(otraVez.err.startsWith("Error 3204: ")) << otraVez.err.toStdString();
 }
 
 TEST_F(Copia, NadaQuedaEnElDestinoSiNoSeTermina) {
