@@ -120,13 +120,8 @@ void LlenaListaCondicion(ConsultaDatos& c, controles::ListView& lista) {
 }
 
 void LlenaCombo(QComboBox& combo, const QString& campos, const QString& tabla, const QString& orden) {
-    ConsultaDatos& c = globales::Consulta;
-    c.Clave.clear();
-    c.Valor.clear();
-    c.Campos = campos;
-    c.Tabla = tabla;
-    c.Orden = orden;
-    LlenaCombo(c, combo);
+    globales::Consulta = {campos, tabla, QString(), QString(), orden};
+    LlenaCombo(globales::Consulta, combo);
 }
 
 void LlenaCombo(ConsultaDatos& c, QComboBox& combo, const QString& idCampo) {

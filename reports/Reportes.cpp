@@ -379,13 +379,8 @@ void LlenaListaNumerada(controles::ComboBox& lista, const QString& primero, cons
                         const QString& orden) {
     lista.Clear();
     lista.AddItem(primero);
-    globales::ConsultaDatos& c = globales::Consulta;
-    c.Clave.clear();
-    c.Valor.clear();
-    c.Campos = campos;
-    c.Tabla = tabla;
-    c.Orden = orden;
-    LlenaListaNumerada(c, lista);
+    globales::Consulta = {campos, tabla, QString(), QString(), orden};
+    LlenaListaNumerada(globales::Consulta, lista);
 }
 
 }  // namespace reportes

@@ -29,6 +29,15 @@ QString CitaTexto(const QString& texto) {
 
 QString ClaveNombre(const QString& nombre) { return nombre.toCaseFolded(); }
 
+TablaDef* Catalogo::Esquema::tablaDe(TablaDef* actual, const QString& tabla) {
+    if (actual && actual->nombre == tabla) return actual;
+    tablas.push_back(std::make_shared<TablaDef>());
+    TablaDef* t = tablas.back().get();
+    t->nombre = tabla;
+    porNombre.insert(ClaveNombre(tabla), t);
+    return t;
+}
+
 const CampoDef* TablaDef::campo(const QString& n) const {
     // Most statements spell a name as the schema does: the exact comparison goes first.
     for (const auto& c : campos)
@@ -229,13 +238,7 @@ void CatalogoSqlite::lee(const QString& esquema, Esquema& nuevo) {
         "AND m.name NOT IN ('MSysCampos', 'MSysIndices') ORDER BY m.rowid, p.cid").arg(e, esquema));
     TablaDef* actual = nullptr;
     while (cols.paso()) {
-        const QString tabla = cols.texto(0);
-        if (!actual || actual->nombre != tabla) {
-            nuevo.tablas.push_back(std::make_shared<TablaDef>());
-            actual = nuevo.tablas.back().get();
-            actual->nombre = tabla;
-            nuevo.porNombre.insert(ClaveNombre(tabla), actual);
-        }
+        actual = nuevo.tablaDe(actual, cols.texto(0));
         CampoDef c;
         c.nombre = cols.texto(1);
         c.tipo = TipoDeDeclarado(cols.texto(2), c.tamano);

@@ -95,6 +95,8 @@ protected:
         long long version = -1;
         std::vector<std::shared_ptr<TablaDef>> tablas;
         QHash<QString, TablaDef*> porNombre;   // case-folded name
+        // The table a column read in table order belongs to: `actual` while the name stays, else a new one.
+        TablaDef* tablaDe(TablaDef* actual, const QString& tabla);
     };
     // A number that changes whenever the schema does; -1 when it can't be told.
     virtual long long version(const QString& esquema) = 0;

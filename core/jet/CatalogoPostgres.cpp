@@ -82,13 +82,7 @@ void CatalogoPostgres::lee(const QString& esquema, Esquema& nuevo) {
         "ORDER BY c.oid, a.attnum"));
     TablaDef* actual = nullptr;
     for (int f = 0; f < cols.filas(); ++f) {
-        const QString tabla = cols.texto(f, 0);
-        if (!actual || actual->nombre != tabla) {
-            nuevo.tablas.push_back(std::make_shared<TablaDef>());
-            actual = nuevo.tablas.back().get();
-            actual->nombre = tabla;
-            nuevo.porNombre.insert(ClaveNombre(tabla), actual);
-        }
+        actual = nuevo.tablaDe(actual, cols.texto(f, 0));
         CampoDef c;
         c.nombre = cols.texto(f, 1);
         if (cols.entero(f, 10) == 0 && cols.texto(f, 10) != QLatin1String("t")) {

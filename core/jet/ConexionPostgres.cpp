@@ -204,8 +204,7 @@ ResultadoPg ConexionPostgres::ejecuta(const QString& sql, const std::vector<Para
     aseguraConexion();
     const QByteArray u = sql.toUtf8();
     // The server's texts can't hold the character 0: a value carrying one is refused whole rather than
-    // cut short where it stands.
-    if (u.contains('\0')) Lanza(ErrTiposNoCoinciden);
+    // cut short where it stands. (A statement's own texts are refused as it is written.)
     for (const ParametroPg& p : parametros)
         if (!p.nulo && !p.binario && p.valor.contains('\0')) Lanza(ErrTiposNoCoinciden);
     PGresult* r;
