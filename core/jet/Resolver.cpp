@@ -413,6 +413,11 @@ void Resolver::nucleo(Select& s, Ambito* padre) {
     for (const auto& it : s.expandidos)
         if (TieneAgregado(*it.expr)) agregada = true;
     if (s.having && TieneAgregado(*s.having)) agregada = true;
+    // HAVING makes a totals query of the whole table: a column outside every total has no one value.
+    if (s.having && !agregada && !s.expandidos.empty()) {
+        const Expr& primero = *s.expandidos.front().expr;
+        Lanza(ErrNoEsParteDelAgregado, primero.tipo == TipoExpr::Columna ? primero.nombre : QString());
+    }
     s.agregada = agregada;
     salidaDe(s);
 }

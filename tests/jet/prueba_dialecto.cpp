@@ -359,6 +359,7 @@ TEST_F(Dialecto, ErroresConElNumeroDelMotor) {
         {"UPDATE Bibliotecas SET [No] = 'uno'", jet::ErrTiposNoCoinciden},
         {"SELECT Nombre FROM Bibliotecas WHERE [No] = (1", jet::ErrSintaxisExpresion},
         {"INSERT INTO Configuracion VALUES ('solo uno')", jet::ErrValoresYCampos},
+        {"SELECT * FROM [Solicitudes Libros]HAVING NoSolicitud=1", jet::ErrNoEsParteDelAgregado},
     };
     for (const auto& c : casos) EXPECT_EQ(error(c.sentencia), c.error) << c.sentencia.toStdString();
     // A number written as text where a number goes is read as the number.
